@@ -1,0 +1,80 @@
+# How every target of this project is built: one language level, one set of warnings, one floating-point rule.
+
+# Clients write <zq/primitives/geFrustum.h> whether the library is installed, added as a subdirectory or fetched;
+# in the build tree "zq" is a link to src/.
+function( zq_link_headers )
+    file( MAKE_DIRECTORY "${PROJECT_BINARY_DIR}/include" )
+    file( CREATE_LINK "${PROJECT_SOURCE_DIR}/src" "${PROJECT_BINARY_DIR}/include/zq" COPY_ON_ERROR SYMBOLIC )
+endfunction()
+
+# Floating point: each operation rounds once, in the order written. A multiplication and an addition are never
+# contracted, so that every compiler and instruction set gives the same bits.
+add_library( zq_reproducible INTERFACE )
+add_library( Zq::reproducible ALIAS zq_reproducible )
+set_target_properties( zq_reproducible PROPERTIES EXPORT_NAME reproducible )
+target_compile_options( zq_reproducible INTERFACE
+    $<$<CXX_COMPILER_ID:GNU,Clang,AppleClang>:-ffp-contract=off>
+    $<$<CXX_COMPILER_ID:MSVC>:/fp:precise> )
+
+function( zq_compile_rules target )
+    target_compile_features( ${target} PUBLIC cxx_std_17 )
+    set_target_properties( ${target} PROPERTIES
+        CXX_EXTENSIONS OFF
+        CXX_VISIBILITY_PRESET hidden
+        VISIBILITY_INLINES_HIDDEN ON
+        POSITION_INDEPENDENT_CODE ON )
+    target_compile_options( ${target} PRIVATE
+        $<$<CXX_COMPILER_ID:GNU,Clang,AppleClang>:-ffp-contract=off
+            -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion
+            -Wold-style-cast -Wdouble-promotion -Wundef>
+        $<$<CXX_COMPILER_ID:GNU>:-fno-gnu-unique>
+        $<$<AND:$<BOOL:${ZQ_WARNINGS_AS_ERRORS}>,$<CXX_COMPILER_ID:GNU,Clang,AppleClang>>:-Werror>
+        $<$<CXX_COMPILER_ID:MSVC>:/W4 /fp:precise> )
+    if( ZQ_SANITIZE )
+        target_compile_options( ${target} PRIVATE
+            -fsanitize=${ZQ_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer )
+        target_link_options( ${target} PRIVATE -fsanitize=${ZQ_SANITIZE} )
+    endif()
+endfunction()
+
+# zq_add_library( <short name> SOURCES ... HEADERS ... FRAGMENTS ... LINK ... )
+# The shared library libZQ<short name>, target Zq::<short name>. HEADERS compile alone; FRAGMENTS (.inline, .imp)
+# are included by headers and units. Both are paths below src/.
+function( zq_add_library name )
+    cmake_parse_arguments( ARG "" "" "SOURCES;HEADERS;FRAGMENTS;LINK" ${ARGN} )
+    set( target zq_${name} )
+    list( TRANSFORM ARG_SOURCES PREPEND "${PROJECT_SOURCE_DIR}/src/" )
+    list( TRANSFORM ARG_HEADERS PREPEND "${PROJECT_BINARY_DIR}/include/zq/" )
+    list( TRANSFORM ARG_FRAGMENTS PREPEND "${PROJECT_BINARY_DIR}/include/zq/" )
+
+    add_library( ${target} SHARED ${ARG_SOURCES} )
+    add_library( Zq::${name} ALIAS ${target} )
+    zq_compile_rules( ${target} )
+    string( TOUPPER ${name} upper )
+    target_compile_definitions( ${target} PRIVATE ZQ_${upper}_BUILDING )
+    if( ARG_LINK )
+        target_link_libraries( ${target} PUBLIC ${ARG_LINK} )
+    endif()
+    target_sources( ${target} PUBLIC
+        FILE_SET HEADERS BASE_DIRS "${PROJECT_BINARY_DIR}/include" FILES ${ARG_HEADERS} )
+    if( ARG_FRAGMENTS )
+        target_sources( ${target} PUBLIC
+            FILE_SET fragments TYPE HEADERS BASE_DIRS "${PROJECT_BINARY_DIR}/include" FILES ${ARG_FRAGMENTS} )
+    endif()
+    set_target_properties( ${target} PROPERTIES
+        OUTPUT_NAME ZQ${name}
+        EXPORT_NAME ${name}
+        VERSION ${PROJECT_VERSION}
+        SOVERSION ${PROJECT_VERSION_MAJOR}.${PROJECT_VERSION_MINOR}
+        INSTALL_RPATH "$ORIGIN"
+        VERIFY_INTERFACE_HEADER_SETS ${PROJECT_IS_TOP_LEVEL}
+        INTERFACE_HEADER_SETS_TO_VERIFY HEADERS )
+    # Load-time effects belong to one unit, packages.cpp; clang proves that no other has any.
+    target_compile_options( ${target} PRIVATE $<$<CXX_COMPILER_ID:Clang,AppleClang>:-Wglobal-constructors> )
+    target_link_options( ${target} PRIVATE $<$<PLATFORM_ID:Linux>:-Wl,--no-undefined,-z,defs> )
+    if( ZQ_SANITIZE )
+        # clang leaves the run time's symbols to the program
+        set_target_properties( ${target} PROPERTIES LINK_OPTIONS "-fsanitize=${ZQ_SANITIZE}" )
+    endif()
+    set_property( GLOBAL APPEND PROPERTY ZQ_LIBRARIES ${target} )
+endfunction()

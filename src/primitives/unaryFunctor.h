@@ -1,0 +1,78 @@
+#ifndef ZQ_PRIMITIVES_UNARYFUNCTOR_H
+#define ZQ_PRIMITIVES_UNARYFUNCTOR_H
+
+#include "../base/export.h"
+#include "export.h"
+#include "forward.h"
+
+#include <functional>
+
+namespace Zq
+{
+
+namespace Detail
+{
+
+// std::unary_function left the standard with C++17, but not every standard library; where it is gone, an equivalent
+// empty base with the same two member types takes its place. The deprecation is silenced here and nowhere else.
+#if defined( __GLIBCXX__ ) || ( defined( _HAS_AUTO_PTR_ETC ) && _HAS_AUTO_PTR_ETC ) ||                                 \
+    ( defined( _LIBCPP_VERSION ) && defined( _LIBCPP_ENABLE_CXX17_REMOVED_UNARY_BINARY_FUNCTION ) )
+
+#    if defined( __GNUC__ )
+#        pragma GCC diagnostic push
+#        pragma GCC diagnostic ignored "-Wdeprecated-declarations"
+#    endif
+template <class Arg, class Result>
+struct ZQ_TEMPLATE_API UnaryFunctorBase : public std::unary_function<Arg, Result>
+{
+};
+#    if defined( __GNUC__ )
+#        pragma GCC diagnostic pop
+#    endif
+
+#else
+
+template <class Arg, class Result>
+struct ZQ_TEMPLATE_API UnaryFunctorBase
+{
+    using argument_type = Arg;
+    using result_type = Result;
+};
+
+#endif
+
+} // namespace Detail
+
+/// The callback through which builders are fed and through which the library hands values to client code.
+/// A bool result says whether the caller is to go on: false ends the enumeration that calls the functor.
+/// A functor passed to the library is borrowed for the length of the call. Derive from it:
+///
+///     struct Counter : Zq::UnaryFunctor<Zq::GePoint3<float>, bool>
+///     {
+///         int n = 0;
+///         bool operator()( const Zq::GePoint3<float>& ) override { return ++n < 100; }
+///     };
+template <class Arg, class Result>
+class ZQ_TEMPLATE_API UnaryFunctor : public Detail::UnaryFunctorBase<Arg, Result>
+{
+public:
+    // The order of these two is part of the binary interface.
+    virtual ~UnaryFunctor();
+    virtual Result operator()( const Arg& argument ) = 0;
+
+    UnaryFunctor() = default;
+    UnaryFunctor( const UnaryFunctor& ) = default;
+    UnaryFunctor& operator=( const UnaryFunctor& ) = default;
+};
+
+template <class Arg, class Result>
+inline UnaryFunctor<Arg, Result>::~UnaryFunctor() = default;
+
+extern template class UnaryFunctor<GePoint3<float>, bool>;
+extern template class UnaryFunctor<GePoint3<double>, bool>;
+extern template class UnaryFunctor<GeUnitVector3<float>, void>;
+extern template class UnaryFunctor<GeVector3<float>, void>;
+
+} // namespace Zq
+
+#endif

@@ -1,0 +1,62 @@
+#ifndef ZQ_TESTS_SUPPORT_RANDOM_H
+#define ZQ_TESTS_SUPPORT_RANDOM_H
+
+#include <zq/primitives/geVector3.h>
+
+#include <random>
+
+namespace ZqTest
+{
+
+/// Seeded inputs: the same sequence on every machine and standard library, so that a failure can be repeated.
+class Random
+{
+public:
+    explicit Random( unsigned seed ) : _engine( seed ) {}
+
+    /// In [lower, upper). Made by hand, because the standard distributions differ between libraries.
+    template <class T>
+    T uniform( T lower, T upper )
+    {
+        const double low = static_cast<double>( lower );
+        const double fraction = static_cast<double>( _engine() ) / 4294967296.0;
+        return static_cast<T>( low + ( static_cast<double>( upper ) - low ) * fraction );
+    }
+
+    /// In [0, count).
+    int index( int count ) { return static_cast<int>( _engine() % static_cast<unsigned>( count ) ); }
+
+    template <class T>
+    Zq::GeVector3<T> vector( T size )
+    {
+        const T x = uniform<T>( -size, size );
+        const T y = uniform<T>( -size, size );
+        const T z = uniform<T>( -size, size );
+        return { x, y, z };
+    }
+
+    template <class T>
+    Zq::GePoint3<T> point( T size )
+    {
+        return Zq::GePoint3<T>( vector<T>( size ) );
+    }
+
+    /// Uniform over the sphere.
+    template <class T>
+    Zq::GeUnitVector3<T> direction()
+    {
+        for ( ;; )
+        {
+            const Zq::GeVector3<T> v = vector<T>( T( 1 ) );
+            if ( v.lengthSquared() <= T( 1 ) && v.lengthSquared() > T( 0.01 ) )
+                return v.computeUnit();
+        }
+    }
+
+private:
+    std::mt19937 _engine;
+};
+
+} // namespace ZqTest
+
+#endif
