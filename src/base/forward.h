@@ -1,27 +1,30 @@
 #ifndef ZQ_BASE_FORWARD_H
 #define ZQ_BASE_FORWARD_H
 
-/// Declarations of every class of libZQbase, for headers that only name them.
+#include "export.h"
+
+/// Declarations of every class of libZQbase, for headers that only name them. Visibility belongs to the first
+/// declaration: clang hides a specialisation that was named before it was given.
 
 namespace Zq
 {
 
-class AssertionException;
-class Assertions;
-class DbgBuildInfo;
-class DbgBuildInfoUtil;
+class ZQ_BASE_API AssertionException;
+class ZQ_BASE_API Assertions;
+class ZQ_BASE_API DbgBuildInfo;
+class ZQ_BASE_API DbgBuildInfoUtil;
 class FloatUtil;
-class InPackageInit;
-class InPackageRegistry;
-class InVariableBase;
-class ProgramAbortedException;
-class Trace;
-class TraceLevel;
-class TraceManager;
+class ZQ_BASE_API InPackageInit;
+class ZQ_BASE_API InPackageRegistry;
+class ZQ_BASE_API InVariableBase;
+class ZQ_BASE_API ProgramAbortedException;
+class ZQ_BASE_API Trace;
+class ZQ_BASE_API TraceLevel;
+class ZQ_BASE_API TraceManager;
 template <class Tag>
-class InInit;
+class ZQ_TEMPLATE_API InInit;
 template <class T>
-class Interval;
+class ZQ_BASE_API Interval;
 template <class T>
 class ObjPtr;
 

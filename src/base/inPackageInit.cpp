@@ -1,5 +1,7 @@
 #include "inPackageInit.h"
 
+#include "registry.h"
+
 #include <algorithm>
 
 namespace Zq
@@ -7,18 +9,6 @@ namespace Zq
 
 namespace
 {
-
-struct PackageRegistry
-{
-    std::vector<InPackageInit*> packages;
-    std::vector<InPackageInit*> initialized; // in the order in which they were initialised
-};
-
-PackageRegistry& getPackageRegistry()
-{
-    static PackageRegistry registry;
-    return registry;
-}
 
 template <class T>
 void removeFrom( std::vector<T*>& list, const T* item )
@@ -30,11 +20,13 @@ void removeFrom( std::vector<T*>& list, const T* item )
 
 InVariableBase::~InVariableBase() = default;
 
-InPackageInit::InPackageInit( const char* name ) : _name( name ) {}
+InPackageInit::InPackageInit( const char* name ) : _name( name )
+{
+}
 
 InPackageInit::~InPackageInit()
 {
-    PackageRegistry& registry = getPackageRegistry();
+    Detail::Registry& registry = Detail::getRegistry();
     removeFrom( registry.packages, this );
     removeFrom( registry.initialized, this );
 }
@@ -56,7 +48,7 @@ const char* InPackageInit::getName() const
 
 void InPackageInit::registerPackage()
 {
-    getPackageRegistry().packages.push_back( this );
+    Detail::getRegistry().packages.push_back( this );
 }
 
 void InPackageInit::addDependency( const std::type_info* package )
@@ -67,7 +59,7 @@ void InPackageInit::addDependency( const std::type_info* package )
 void InPackageRegistry::initialize()
 {
     // A copy: initialize() of a package may load a library and so register more; those wait for the next call.
-    const std::vector<InPackageInit*> packages = getPackageRegistry().packages;
+    const std::vector<InPackageInit*> packages = Detail::getRegistry().packages;
     std::vector<const InPackageInit*> visiting;
     for ( InPackageInit* package : packages )
         initializeWithDependencies( *package, visiting );
@@ -81,7 +73,7 @@ void InPackageRegistry::initializeWithDependencies(
     visiting.push_back( &package );
     for ( const std::type_info* needed : package._dependencies )
     {
-        const std::vector<InPackageInit*> packages = getPackageRegistry().packages;
+        const std::vector<InPackageInit*> packages = Detail::getRegistry().packages;
         for ( InPackageInit* other : packages )
         {
             if ( typeid( *other ) == *needed )
@@ -94,12 +86,12 @@ void InPackageRegistry::initializeWithDependencies(
     for ( InVariableBase* variable : package._variables )
         variable->create();
     package._isInitialized = package.setInitialized( true );
-    getPackageRegistry().initialized.push_back( &package );
+    Detail::getRegistry().initialized.push_back( &package );
 }
 
 void InPackageRegistry::shutdown()
 {
-    std::vector<InPackageInit*>& initialized = getPackageRegistry().initialized;
+    std::vector<InPackageInit*>& initialized = Detail::getRegistry().initialized;
     while ( !initialized.empty() )
     {
         InPackageInit& package = *initialized.back();
@@ -113,18 +105,18 @@ void InPackageRegistry::shutdown()
 
 std::size_t InPackageRegistry::getNbPackages()
 {
-    return getPackageRegistry().packages.size();
+    return Detail::getRegistry().packages.size();
 }
 
 InPackageInit* InPackageRegistry::getPackage( std::size_t index )
 {
-    const std::vector<InPackageInit*>& packages = getPackageRegistry().packages;
-    return index < packages.size() ? packages[ index ] : nullptr;
+    const std::vector<InPackageInit*>& packages = Detail::getRegistry().packages;
+    return index < packages.size() ? packages[index] : nullptr;
 }
 
 InPackageInit* InPackageRegistry::findPackage( const char* name )
 {
-    for ( InPackageInit* package : getPackageRegistry().packages )
+    for ( InPackageInit* package : Detail::getRegistry().packages )
     {
         if ( package->_name == name )
             return package;

@@ -6,7 +6,7 @@ namespace Zq
 // Codes that no two non-empty intervals produce are answered by the comparison bits alone.
 
 template <class T>
-const typename Interval<T>::Containment Interval<T>::_inclContMap[ 8 ] = {
+const typename Interval<T>::Containment Interval<T>::_inclContMap[8] = {
     OUTSIDE, // 0
     OUTSIDE, // 1: covers, yet does not meet
     OUTSIDE, // 2: apart
@@ -18,7 +18,7 @@ const typename Interval<T>::Containment Interval<T>::_inclContMap[ 8 ] = {
 };
 
 template <class T>
-const typename Interval<T>::Containment Interval<T>::_exclContMap[ 8 ] = {
+const typename Interval<T>::Containment Interval<T>::_exclContMap[8] = {
     OUTSIDE, // 0
     OUTSIDE, // 1: equal single points
     INSIDE,  // 2: meets, does not reach outside

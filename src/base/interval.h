@@ -72,8 +72,8 @@ public:
     T max;
 
     /// What classify() and classifyExclude() answer, indexed by the three-bit code of their comparisons.
-    static const Containment _inclContMap[ 8 ];
-    static const Containment _exclContMap[ 8 ];
+    static const Containment _inclContMap[8];
+    static const Containment _exclContMap[8];
 };
 
 template <class T>

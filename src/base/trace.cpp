@@ -1,8 +1,8 @@
 #include "trace.h"
 
+#include "registry.h"
+
 #include <cstdio>
-#include <map>
-#include <mutex>
 #include <ostream>
 
 namespace Zq
@@ -10,19 +10,6 @@ namespace Zq
 
 namespace
 {
-
-struct LevelRegistry
-{
-    std::mutex mutex;
-    std::map<std::string, TraceLevel> levels; // nodes keep their address
-};
-
-// Made at first use, which is during the load of the first library that registers a level; it dies after it.
-LevelRegistry& getLevelRegistry()
-{
-    static LevelRegistry registry;
-    return registry;
-}
 
 class DefaultTraceManager final : public TraceManager
 {
@@ -33,21 +20,23 @@ std::atomic<TraceManager*> currentManager{ nullptr };
 
 } // namespace
 
-TraceLevel::TraceLevel( const char* name, const char* sourceFile ) : _name( name ), _sourceFile( sourceFile ) {}
+TraceLevel::TraceLevel( const char* name, const char* sourceFile ) : _name( name ), _sourceFile( sourceFile )
+{
+}
 
 TraceLevel::~TraceLevel() = default;
 
 TraceLevel* Trace::registerLevel( const char* name, const char* sourceFile )
 {
-    LevelRegistry& registry = getLevelRegistry();
-    const std::lock_guard<std::mutex> lock( registry.mutex );
+    Detail::Registry& registry = Detail::getRegistry();
+    const std::lock_guard<std::mutex> lock( registry.levelsMutex );
     return &registry.levels.try_emplace( name, name, sourceFile ).first->second;
 }
 
 TraceLevel* Trace::findLevel( const char* name )
 {
-    LevelRegistry& registry = getLevelRegistry();
-    const std::lock_guard<std::mutex> lock( registry.mutex );
+    Detail::Registry& registry = Detail::getRegistry();
+    const std::lock_guard<std::mutex> lock( registry.levelsMutex );
     const auto found = registry.levels.find( name );
     return found == registry.levels.end() ? nullptr : &found->second;
 }

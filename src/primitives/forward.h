@@ -1,50 +1,54 @@
 #ifndef ZQ_PRIMITIVES_FORWARD_H
 #define ZQ_PRIMITIVES_FORWARD_H
 
-/// Declarations of every geometry class, for headers that only name them.
+#include "../base/export.h"
+#include "export.h"
+
+/// Declarations of every geometry class, for headers that only name them. Visibility belongs to the first
+/// declaration: clang hides a specialisation that was named before it was given.
 
 namespace Zq
 {
 
 template <class T>
-class GeAffineMatrix3;
+class ZQ_PRIMITIVES_API GeAffineMatrix3;
 template <class T>
-class GeAlignedBox3;
+class ZQ_PRIMITIVES_API GeAlignedBox3;
 template <class T>
-class GeBezier3FaceBuilder;
+class ZQ_PRIMITIVES_API GeBezier3FaceBuilder;
 template <class T>
-class GeCameraBuilder;
+class ZQ_PRIMITIVES_API GeCameraBuilder;
 template <class T>
-class GeFrustum;
+class ZQ_PRIMITIVES_API GeFrustum;
 template <class T>
-class GeHomogeneousCoord3;
+class ZQ_PRIMITIVES_API GeHomogeneousCoord3;
 template <class T>
-class GeLineFaceBuilder;
+class ZQ_PRIMITIVES_API GeLineFaceBuilder;
 template <class T>
-class GeLinearMatrix3;
+class ZQ_PRIMITIVES_API GeLinearMatrix3;
 template <class T>
-class GeNormalizedPlane3;
+class ZQ_PRIMITIVES_API GeNormalizedPlane3;
 template <class T>
-class GePlane3;
+class ZQ_PRIMITIVES_API GePlane3;
 template <class T>
-class GePlane3Builder;
+class ZQ_PRIMITIVES_API GePlane3Builder;
 template <class T>
-class GePoint3;
+class ZQ_PRIMITIVES_API GePoint3;
 template <class T>
-class GeProjectiveMatrix3;
+class ZQ_PRIMITIVES_API GeProjectiveMatrix3;
 template <class T>
-class GeUnitVector3;
+class ZQ_PRIMITIVES_API GeUnitVector3;
 template <class T>
-class GeVector3;
+class ZQ_PRIMITIVES_API GeVector3;
 template <class Arg, class Result>
-class UnaryFunctor;
+class ZQ_TEMPLATE_API UnaryFunctor;
 
-class GeAlignedBoxBuilder;
-class GeAnchoredCone;
-class GeAnchoredConeBuilder;
-class GeCullingCones;
-class GeFloatingCone;
-class GeFloatingConeBuilder;
+class ZQ_PRIMITIVES_API GeAlignedBoxBuilder;
+class ZQ_PRIMITIVES_API GeAnchoredCone;
+class ZQ_PRIMITIVES_API GeAnchoredConeBuilder;
+class ZQ_PRIMITIVES_API GeCullingCones;
+class ZQ_PRIMITIVES_API GeFloatingCone;
+class ZQ_PRIMITIVES_API GeFloatingConeBuilder;
 
 } // namespace Zq
 

@@ -60,7 +60,7 @@ public:
     std::istream& read( std::istream& is );
 
 private:
-    T _v[ 3 ];
+    T _v[3];
 };
 
 template <class T>

@@ -1,8 +1,6 @@
 #ifndef ZQ_PRIMITIVES_UNARYFUNCTOR_H
 #define ZQ_PRIMITIVES_UNARYFUNCTOR_H
 
-#include "../base/export.h"
-#include "export.h"
 #include "forward.h"
 
 #include <functional>

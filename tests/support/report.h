@@ -42,7 +42,7 @@ Report catchReport( Call&& call )
 #define EXPECT_REPORT( statement, expectedFile, expectedText )                                                         \
     do                                                                                                                 \
     {                                                                                                                  \
-        const ::ZqTest::Report report = ::ZqTest::catchReport( [ & ] { static_cast<void>( statement ); } );            \
+        const ::ZqTest::Report report = ::ZqTest::catchReport( [&] { static_cast<void>( statement ); } );              \
         EXPECT_EQ( report.text, expectedText ) << #statement;                                                          \
         EXPECT_EQ( report.file, expectedFile ) << #statement;                                                          \
     } while ( false )
