@@ -5,7 +5,10 @@
 
 #include <zq/primitives/geVector3.h>
 
+#include <fstream>
 #include <functional>
+#include <set>
+#include <string>
 #include <vector>
 
 using namespace Zq;
@@ -36,13 +39,17 @@ void addVectorChecks( std::vector<Check>& checks )
 
 // ----------------------------------------------------------------------------------------------------------------
 
-TEST( CheckTable, EveryReportHasItsFileLineAndText )
+std::vector<Check> makeTable()
 {
     std::vector<Check> checks;
     addVectorChecks<float>( checks );
     addVectorChecks<double>( checks );
+    return checks;
+}
 
-    for ( const Check& check : checks )
+TEST( CheckTable, EveryReportHasItsFileLineAndText )
+{
+    for ( const Check& check : makeTable() )
     {
         const ZqTest::Report report = ZqTest::catchReport( check.provoke );
         EXPECT_EQ( report.text, check.text ) << check.file;
@@ -52,6 +59,30 @@ TEST( CheckTable, EveryReportHasItsFileLineAndText )
         else
             EXPECT_GT( report.line, 0 ) << check.text;
     }
+}
+
+TEST( CheckTable, TheDocumentPrintsTheSameTable )
+{
+    std::set<std::string> provoked;
+    for ( const Check& check : makeTable() )
+    {
+        std::string text;
+        for ( const char* c = check.text; *c; ++c )
+            text += *c == '|' ? std::string( "\\|" ) : std::string( 1, *c );
+        const std::string line = check.line ? std::to_string( check.line ) : std::string( "any" );
+        provoked.insert( std::string( "| `" ) + check.file + "` | " + line + " | `" + text + "` |" );
+    }
+    std::set<std::string> documented;
+    std::ifstream document( ZQ_DOCS_DIR "/checks.md" );
+    for ( std::string row; std::getline( document, row ); )
+    {
+        if ( row.rfind( "| `src/", 0 ) == 0 )
+            documented.insert( row.substr( 0, row.find( "` |", row.find( "` |" ) + 3 ) + 3 ) );
+    }
+    for ( const std::string& row : provoked )
+        EXPECT_TRUE( documented.count( row ) ) << "docs/checks.md lacks " << row;
+    for ( const std::string& row : documented )
+        EXPECT_TRUE( provoked.count( row ) ) << "nothing provokes " << row;
 }
 
 } // namespace

@@ -1,0 +1,105 @@
+// A program of its own, because it replaces operator new. Value classes never allocate: a counting operator new watches every operation that is called here.
+
+#include <zq/primitives/geVector3.h>
+
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <cstdlib>
+#include <new>
+#include <vector>
+
+using namespace Zq;
+
+namespace
+{
+
+std::atomic<long> allocations{ 0 };
+
+void* countedAllocate( std::size_t size )
+{
+    ++allocations;
+    if ( void* memory = std::malloc( size ? size : 1 ) )
+        return memory;
+    throw std::bad_alloc();
+}
+
+} // namespace
+
+// The program's operator new also serves the shared libraries.
+void* operator new( std::size_t size )
+{
+    return countedAllocate( size );
+}
+
+void* operator new[]( std::size_t size )
+{
+    return countedAllocate( size );
+}
+
+void operator delete( void* memory ) noexcept
+{
+    std::free( memory );
+}
+
+void operator delete[]( void* memory ) noexcept
+{
+    std::free( memory );
+}
+
+void operator delete( void* memory, std::size_t ) noexcept
+{
+    std::free( memory );
+}
+
+void operator delete[]( void* memory, std::size_t ) noexcept
+{
+    std::free( memory );
+}
+
+namespace
+{
+
+// keeps results alive without optimising the calls away
+template <class V>
+void use( const V& value )
+{
+    static const void* volatile sink = nullptr;
+    sink = &value;
+    static_cast<void>( sink );
+}
+
+template <class Call>
+long countAllocations( Call&& call )
+{
+    const long before = allocations;
+    call();
+    return allocations - before;
+}
+
+template <class T>
+void useVectors()
+{
+    GeVector3<T> v( 1, 2, 3 );
+    GePoint3<T> p( 3, 2, 1 );
+    const GeUnitVector3<T> u( v );
+    T cosine = 0;
+    use( v.cross( u ) + u.computeReflection( v.computeUnit(), cosine ) / v.computeAngle( u ) );
+    use( GePoint3<T>::computeMin( p, p + v ) );
+    use( v.normalize() );
+}
+
+std::vector<int> kept;
+
+TEST( Allocation, TheCounterCounts )
+{
+    EXPECT_EQ( countAllocations( [] { std::vector<int>( 100 ).swap( kept ); } ), 1 );
+}
+
+TEST( Allocation, VectorsDoNotAllocate )
+{
+    EXPECT_EQ( countAllocations( useVectors<float> ), 0 );
+    EXPECT_EQ( countAllocations( useVectors<double> ), 0 );
+}
+
+} // namespace
