@@ -15,6 +15,8 @@ class ZQ_PRIMITIVES_API GeAffineMatrix3;
 template <class T>
 class ZQ_PRIMITIVES_API GeAlignedBox3;
 template <class T>
+class ZQ_PRIMITIVES_API GeAlignedBox3;
+template <class T>
 class ZQ_PRIMITIVES_API GeBezier3FaceBuilder;
 template <class T>
 class ZQ_PRIMITIVES_API GeCameraBuilder;

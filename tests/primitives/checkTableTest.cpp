@@ -3,6 +3,7 @@
 
 #include "support/report.h"
 
+#include <zq/primitives/geAlignedBox.h>
 #include <zq/primitives/geVector3.h>
 
 #include <fstream>
@@ -37,6 +38,21 @@ void addVectorChecks( std::vector<Check>& checks )
     checks.push_back( { file, 525, UNIT_LENGTH, [] { GeUnitVector3<T>( 0, T( 1.001 ), 0, GE_TRUSTED ); } } );
 }
 
+// Boxes, planes, frusta ------------------------------------------------------------------------------------------
+
+template <class T>
+void addBoxChecks( std::vector<Check>& checks )
+{
+    // classify() answers OUTSIDE before it combines the axes, so no box reaches this check: the combination does
+    checks.push_back(
+        { "src/primitives/geAlignedBox.inline", 0, "conx == Interval<T>::CONTAIN || conx == Interval<T>::INSIDE",
+            []
+            {
+                const auto outside = Interval<T>::OUTSIDE;
+                Detail::combineContainments<T>( outside, outside, outside );
+            } } );
+}
+
 // ----------------------------------------------------------------------------------------------------------------
 
 std::vector<Check> makeTable()
@@ -44,6 +60,8 @@ std::vector<Check> makeTable()
     std::vector<Check> checks;
     addVectorChecks<float>( checks );
     addVectorChecks<double>( checks );
+    addBoxChecks<float>( checks );
+    addBoxChecks<double>( checks );
     return checks;
 }
 

@@ -1,0 +1,8 @@
+#include "geAlignedBoxBuilder.h"
+
+namespace Zq
+{
+
+GeAlignedBoxBuilder::~GeAlignedBoxBuilder() = default;
+
+} // namespace Zq
