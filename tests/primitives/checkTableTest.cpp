@@ -4,6 +4,7 @@
 #include "support/report.h"
 
 #include <zq/primitives/geAlignedBox.h>
+#include <zq/primitives/gePlane3Builder.h>
 #include <zq/primitives/geVector3.h>
 
 #include <fstream>
@@ -53,6 +54,24 @@ void addBoxChecks( std::vector<Check>& checks )
             } } );
 }
 
+template <class T>
+void addPlaneChecks( std::vector<Check>& checks )
+{
+    const char* file = "src/primitives/geNormalizedPlane3.inline";
+    checks.push_back( { file, 0, "len != 0", [] { GeNormalizedPlane3<T>( 0, 0, 0, 1 ); } } );
+    checks.push_back( { file, 0, "len != 0", [] { GeNormalizedPlane3<T>( GeVector3<T>(), 1 ); } } );
+    checks.push_back( { file, 0, "len != 0", [] { GeNormalizedPlane3<T>( GePlane3<T>( 0, 0, 0, 1 ) ); } } );
+    const auto fit = []( int count )
+    {
+        GePlane3Builder<T> builder;
+        for ( int i = 0; i < count; ++i )
+            builder.addPoint( { 1, 2, T( i ) } );
+        builder.getPlane();
+    };
+    checks.push_back( { "src/primitives/gePlane3Builder", 0, "len > 0", [=] { fit( 3 ); } } );
+    checks.push_back( { "src/primitives/gePlane3Builder", 0, "program aborted", [=] { fit( 2 ); } } );
+}
+
 // ----------------------------------------------------------------------------------------------------------------
 
 std::vector<Check> makeTable()
@@ -62,6 +81,8 @@ std::vector<Check> makeTable()
     addVectorChecks<double>( checks );
     addBoxChecks<float>( checks );
     addBoxChecks<double>( checks );
+    addPlaneChecks<float>( checks );
+    addPlaneChecks<double>( checks );
     return checks;
 }
 
