@@ -37,11 +37,11 @@ function( zq_compile_rules target )
     endif()
 endfunction()
 
-# zq_add_library( <short name> SOURCES ... HEADERS ... FRAGMENTS ... LINK ... )
+# zq_add_library( <short name> DESCRIPTION ... SOURCES ... HEADERS ... FRAGMENTS ... LINK ... )
 # The shared library libZQ<short name>, target Zq::<short name>. HEADERS compile alone; FRAGMENTS (.inline, .imp)
 # are included by headers and units. Both are paths below src/.
 function( zq_add_library name )
-    cmake_parse_arguments( ARG "" "" "SOURCES;HEADERS;FRAGMENTS;LINK" ${ARGN} )
+    cmake_parse_arguments( ARG "" "DESCRIPTION" "SOURCES;HEADERS;FRAGMENTS;LINK" ${ARGN} )
     set( target zq_${name} )
     list( TRANSFORM ARG_SOURCES PREPEND "${PROJECT_SOURCE_DIR}/src/" )
     list( TRANSFORM ARG_HEADERS PREPEND "${PROJECT_BINARY_DIR}/include/zq/" )
@@ -63,6 +63,7 @@ function( zq_add_library name )
     endif()
     set_target_properties( ${target} PROPERTIES
         OUTPUT_NAME ZQ${name}
+        ZQ_DESCRIPTION "${ARG_DESCRIPTION}"
         EXPORT_NAME ${name}
         VERSION ${PROJECT_VERSION}
         SOVERSION ${PROJECT_VERSION_MAJOR}.${PROJECT_VERSION_MINOR}
@@ -71,10 +72,12 @@ function( zq_add_library name )
         INTERFACE_HEADER_SETS_TO_VERIFY HEADERS )
     # Load-time effects belong to one unit, packages.cpp; clang proves that no other has any.
     target_compile_options( ${target} PRIVATE $<$<CXX_COMPILER_ID:Clang,AppleClang>:-Wglobal-constructors> )
-    target_link_options( ${target} PRIVATE $<$<PLATFORM_ID:Linux>:-Wl,--no-undefined,-z,defs> )
-    if( ZQ_SANITIZE )
-        # clang leaves the run time's symbols to the program
-        set_target_properties( ${target} PROPERTIES LINK_OPTIONS "-fsanitize=${ZQ_SANITIZE}" )
+    set( exports "${PROJECT_SOURCE_DIR}/cmake/exports.map" )
+    set( link_options "-Wl,--version-script=${exports}" )
+    if( NOT ZQ_SANITIZE ) # clang leaves the run time's symbols to the program
+        list( APPEND link_options -Wl,-z,defs )
     endif()
+    target_link_options( ${target} PRIVATE "$<$<PLATFORM_ID:Linux>:${link_options}>" )
+    set_target_properties( ${target} PROPERTIES LINK_DEPENDS "${exports}" )
     set_property( GLOBAL APPEND PROPERTY ZQ_LIBRARIES ${target} )
 endfunction()
