@@ -17,7 +17,7 @@ template <int number>
 class Package : public InPackageInit
 {
 public:
-    explicit Package( const char* name, std::vector<const std::type_info*> needed = {} ) : InPackageInit( name )
+    explicit Package( const char* name, const std::vector<const std::type_info*>& needed = {} ) : InPackageInit( name )
     {
         registerPackage();
         for ( const std::type_info* type : needed )
