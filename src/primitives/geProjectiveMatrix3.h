@@ -1,0 +1,103 @@
+#ifndef ZQ_PRIMITIVES_GEPROJECTIVEMATRIX3_H
+#define ZQ_PRIMITIVES_GEPROJECTIVEMATRIX3_H
+
+#include "geAffineMatrix3.h"
+#include "geHomogeneousCoord3.h"
+
+#include <iosfwd>
+#include <type_traits>
+
+namespace Zq
+{
+
+/// A general 4x4 matrix, for projections; it transforms homogeneous coordinates. For float and double.
+///
+/// Its sixteen elements are stored by columns, as in GeAffineMatrix3: element (r, c) is value r + 4 c. All of them are
+/// free. The conventions on products and element names, the text form and the meaning of singular are those of
+/// GeLinearMatrix3; the decomposition is the same, with four rows.
+template <class T>
+class ZQ_PRIMITIVES_API GeProjectiveMatrix3
+{
+public:
+    /// The identity.
+    GeProjectiveMatrix3();
+    /// From a 4x4 array, each element converted to T. byColumns false: elements[r][c] becomes element (r, c).
+    /// byColumns true: elements[c][r] becomes element (r, c), a plain copy of the storage order.
+    GeProjectiveMatrix3( const float ( *elements )[4], bool byColumns );
+    GeProjectiveMatrix3( const double ( *elements )[4], bool byColumns );
+    /// The upper-left block; the rest is that of the identity.
+    explicit GeProjectiveMatrix3( const GeLinearMatrix3<T>& linear );
+    /// The upper three rows; the bottom row is (0, 0, 0, 1).
+    explicit GeProjectiveMatrix3( const GeAffineMatrix3<T>& affine );
+
+    void setIdentity();
+
+    /// Rows and columns 0 to 3; any other index is undefined.
+    T operator()( int row, int column ) const;
+    T& operator()( int row, int column );
+
+    /// Element by element; -0 equals 0, NaN equals nothing. The same as isEqualExact().
+    bool operator==( const GeProjectiveMatrix3<T>& other ) const;
+    bool operator!=( const GeProjectiveMatrix3<T>& other ) const;
+    bool isEqualExact( const GeProjectiveMatrix3<T>& other ) const;
+    /// Each element within the tolerance, strictly: |a - b| < tolerance. See FloatUtil::isEqual.
+    bool isEqual( const GeProjectiveMatrix3<T>& other, T tolerance ) const;
+
+    /// This times b: b acts first. The bottom row of an affine b is left out of the sums, not multiplied.
+    GeProjectiveMatrix3<T> operator*( const GeAffineMatrix3<T>& b ) const;
+    GeProjectiveMatrix3<T>& operator*=( const GeAffineMatrix3<T>& b );
+    GeProjectiveMatrix3<T> operator*( const GeProjectiveMatrix3<T>& b ) const;
+    GeProjectiveMatrix3<T>& operator*=( const GeProjectiveMatrix3<T>& b );
+    GeHomogeneousCoord3<T> operator*( const GeHomogeneousCoord3<T>& h ) const;
+    /// The direction (x, y, z, 0) transformed: column 3 is not used.
+    GeHomogeneousCoord3<T> operator*( const GeVector3<T>& v ) const;
+    /// The row h times this, which is the transpose of this times h.
+    GeHomogeneousCoord3<T> mulOnRight( const GeHomogeneousCoord3<T>& h ) const;
+
+    /// From the decomposition, not from cofactors: 0 when the matrix is singular in the sense of the decomposition.
+    T computeDeterminant() const;
+    GeProjectiveMatrix3<T> computeTranspose() const;
+    /// The transpose of the full 4x4 form: the translation lands in the bottom row.
+    static GeProjectiveMatrix3<T> computeTranspose( const GeAffineMatrix3<T>& a );
+    /// The matrix of plain minors: element (r, c) is the determinant of what remains without row r and column c. No
+    /// sign (-1)^(r + c) is applied, unlike GeLinearMatrix3::computeAdjoint(), and the result is not transposed.
+    GeProjectiveMatrix3<T> computeAdjoint() const;
+    /// The same of the full 4x4 form.
+    static GeProjectiveMatrix3<T> computeAdjoint( const GeAffineMatrix3<T>& a );
+    /// Reports "nonSingular" (src/base/matrix4x4Imp, line 175) for a singular matrix.
+    GeProjectiveMatrix3<T> computeInverse() const;
+    /// Inverse and determinant from one decomposition; `inverse` may be this matrix. A singular matrix leaves both
+    /// outputs as they were, without a report: give `determinant` the value 0 beforehand to tell.
+    void computeInverseAndDeterminant( GeProjectiveMatrix3<T>& inverse, T& determinant ) const;
+
+    /// Writes the text form, four lines.
+    std::ostream& dump( std::ostream& os ) const;
+
+private:
+    GeHomogeneousCoord3<T> getColumn( int column ) const;
+    void setColumn( int column, const GeHomogeneousCoord3<T>& h );
+
+    T _m[16];
+};
+
+template <class T>
+std::ostream& operator<<( std::ostream& os, const GeProjectiveMatrix3<T>& m );
+
+} // namespace Zq
+
+#include "geProjectiveMatrix3.inline"
+
+namespace Zq
+{
+
+extern template class GeProjectiveMatrix3<float>;
+extern template class GeProjectiveMatrix3<double>;
+
+static_assert( sizeof( GeProjectiveMatrix3<float> ) == 16 * sizeof( float ) &&
+    std::is_trivially_copyable_v<GeProjectiveMatrix3<float>> );
+static_assert( sizeof( GeProjectiveMatrix3<double> ) == 16 * sizeof( double ) &&
+    std::is_trivially_copyable_v<GeProjectiveMatrix3<double>> );
+
+} // namespace Zq
+
+#endif
