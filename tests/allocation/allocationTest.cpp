@@ -1,5 +1,9 @@
 // A program of its own, because it replaces operator new. Value classes never allocate: a counting operator new watches every operation that is called here.
 
+#include <zq/primitives/geAlignedBoxBuilder.h>
+#include <zq/primitives/geFrustum.h>
+#include <zq/primitives/gePlane3Builder.h>
+#include <zq/primitives/geProjectiveMatrix3.h>
 #include <zq/primitives/geVector3.h>
 
 #include <gtest/gtest.h>
@@ -89,6 +93,32 @@ void useVectors()
     use( v.normalize() );
 }
 
+template <class T>
+void useVolumes()
+{
+    const GePoint3<T> p( 3, 2, 1 );
+    const GeVector3<T> v( 1, 2, 3 );
+    const GeAlignedBox3<T> box( p, p + v );
+    use( box.classify( GeAlignedBox3<T>( p ).extend( GePoint3<T>( v ) ) ) );
+    use( box.intersectLine( GePoint3<T>(), v ) );
+    GePlane3Builder<T> builder;
+    for ( int corner = 0; corner < 4; ++corner )
+        builder.addPoint( box.getCorner( corner ^ corner >> 1 ) );
+    GeNormalizedPlane3<T> plane = builder.getPlane();
+    T t = 0;
+    use( plane.intersectRay( p, v, t ) );
+    const GeFrustum<T> frustum{ GeProjectiveMatrix3<T>() };
+    use( frustum.classify( p ) + frustum.classify( box ) );
+    use( frustum.isEqual( frustum, t ) );
+}
+
+void useBoxBuilder()
+{
+    GeAlignedBoxBuilder builder;
+    GeAlignedBox3<float>( GePoint3<float>( 1, 2, 3 ) ).enumerateCorners( builder );
+    use( builder.getBox() );
+}
+
 std::vector<int> kept;
 
 TEST( Allocation, TheCounterCounts )
@@ -100,6 +130,13 @@ TEST( Allocation, VectorsDoNotAllocate )
 {
     EXPECT_EQ( countAllocations( useVectors<float> ), 0 );
     EXPECT_EQ( countAllocations( useVectors<double> ), 0 );
+}
+
+TEST( Allocation, VolumesDoNotAllocate )
+{
+    EXPECT_EQ( countAllocations( useVolumes<float> ), 0 );
+    EXPECT_EQ( countAllocations( useVolumes<double> ), 0 );
+    EXPECT_EQ( countAllocations( useBoxBuilder ), 0 );
 }
 
 } // namespace

@@ -4,7 +4,9 @@
 #include "support/report.h"
 
 #include <zq/primitives/geAlignedBox.h>
+#include <zq/primitives/geFrustum.h>
 #include <zq/primitives/gePlane3Builder.h>
+#include <zq/primitives/geProjectiveMatrix3.h>
 #include <zq/primitives/geVector3.h>
 
 #include <fstream>
@@ -72,6 +74,22 @@ void addPlaneChecks( std::vector<Check>& checks )
     checks.push_back( { "src/primitives/gePlane3Builder", 0, "program aborted", [=] { fit( 2 ); } } );
 }
 
+template <class T>
+void addFrustumChecks( std::vector<Check>& checks )
+{
+    const auto make = []( double x, double z )
+    {
+        const double rows[4][4] = { { x, 0, 0, 0 }, { 0, 1, 0, 0 }, { 0, 0, 1, 0 }, { 0, 0, z, 1 } };
+        return GeFrustum<T>( GeProjectiveMatrix3<T>( rows, false ) );
+    };
+    const char* range = "plane >= 0 && plane <= NB_PLANES";
+    checks.push_back( { "src/primitives/geFrustum.inline", 0, range, [=] { make( 1, 0 ).getPlane( -1 ); } } );
+    checks.push_back( { "src/primitives/geFrustum.inline", 0, range, [=] { make( 1, 0 ).getPlane( 7 ); } } );
+    // for z = -1 row 3 + row 2 has no direction
+    checks.push_back( { "src/primitives/geVector3.inline", 496, "len > 0", [=] { make( 1, -1 ); } } );
+    checks.push_back( { "src/base/matrix4x4Imp", 175, "nonSingular", [=] { make( 0, 0 ); } } );
+}
+
 // ----------------------------------------------------------------------------------------------------------------
 
 std::vector<Check> makeTable()
@@ -83,6 +101,8 @@ std::vector<Check> makeTable()
     addBoxChecks<double>( checks );
     addPlaneChecks<float>( checks );
     addPlaneChecks<double>( checks );
+    addFrustumChecks<float>( checks );
+    addFrustumChecks<double>( checks );
     return checks;
 }
 
