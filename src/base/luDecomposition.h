@@ -19,8 +19,9 @@ namespace Detail
 ///
 /// A row whose largest magnitude counts as zero (FloatUtil::isEqual with 0: float 1e-6, double 1e-7), or a pivot that
 /// does, makes the matrix singular. The thresholds are absolute: a well-conditioned matrix of tiny elements is singular,
-/// a badly conditioned one that passes is inverted. A row of nothing but NaN counts as zero; any other NaN, and
-/// infinity, runs through the arithmetic.
+/// a badly conditioned one that passes is inverted. NaN loses every comparison: a row of nothing but NaN counts as zero,
+/// and a NaN weight is passed over while another row has a number. So a matrix with NaN or infinity is either singular
+/// or has them in its inverse.
 ///
 /// Sources: P. D. Crout, "A short method for evaluating determinants and solving systems of linear equations with real
 /// or complex coefficients", 1941; G. Forsythe and C. Moler, "Computer Solution of Linear Algebraic Systems", 1967.

@@ -21,7 +21,8 @@ namespace Zq
 ///
 /// Inverses come from an LU decomposition with scaled partial pivoting. A matrix is singular when the largest magnitude
 /// of a row, or a pivot, equals 0 within the default tolerance of FloatUtil::isEqual (float 1e-6, double 1e-7). That is
-/// an absolute measure: a float matrix whose elements are all below 1e-6 is singular however well conditioned it is.
+/// an absolute measure: a float matrix whose elements are all below 1e-6 is singular however well conditioned it is. A
+/// matrix with NaN or infinity is either singular or has them in its inverse.
 ///
 /// Text form: one line per row, "| 1 0 0 |", each ended by a line break and a flush, with the number format and locale
 /// of the stream.

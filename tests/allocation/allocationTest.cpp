@@ -94,6 +94,20 @@ void useVectors()
 }
 
 template <class T>
+void useMatrices()
+{
+    const GeLinearMatrix3<T> m( 1, 2, 3, 0, 1, 4, 5, 6, 0 );
+    GeAffineMatrix3<T> a( m, GeVector3<T>( 1, 2, 3 ) );
+    T determinant = 0;
+    a.computeInverseAndDeterminant( a, determinant );
+    use( m * m.computeInverse() * m.computeAdjoint() );
+    use( a.mulOnRight( m ) * a.computeInverse() );
+    const GeProjectiveMatrix3<T> p( a );
+    use( p * p.computeInverse() * a * p.computeAdjoint().computeTranspose() );
+    use( p * GeHomogeneousCoord3<T>( 1, 2, 3, p.computeDeterminant() ) );
+}
+
+template <class T>
 void useVolumes()
 {
     const GePoint3<T> p( 3, 2, 1 );
@@ -130,6 +144,12 @@ TEST( Allocation, VectorsDoNotAllocate )
 {
     EXPECT_EQ( countAllocations( useVectors<float> ), 0 );
     EXPECT_EQ( countAllocations( useVectors<double> ), 0 );
+}
+
+TEST( Allocation, MatricesDoNotAllocate )
+{
+    EXPECT_EQ( countAllocations( useMatrices<float> ), 0 );
+    EXPECT_EQ( countAllocations( useMatrices<double> ), 0 );
 }
 
 TEST( Allocation, VolumesDoNotAllocate )

@@ -41,6 +41,22 @@ void addVectorChecks( std::vector<Check>& checks )
     checks.push_back( { file, 525, UNIT_LENGTH, [] { GeUnitVector3<T>( 0, T( 1.001 ), 0, GE_TRUSTED ); } } );
 }
 
+// Matrices -------------------------------------------------------------------------------------------------------
+
+template <class T>
+void addMatrixChecks( std::vector<Check>& checks )
+{
+    const char* file3 = "src/base/matrix3x3Imp";
+    const char* file4 = "src/base/matrix4x4Imp";
+    GeLinearMatrix3<T> flat;
+    flat( 1, 1 ) = 0;
+    checks.push_back( { file3, 126, "nonSingular", [flat] { static_cast<void>( flat.computeInverse() ); } } );
+    checks.push_back(
+        { file3, 126, "nonSingular", [flat] { static_cast<void>( GeAffineMatrix3<T>( flat ).computeInverse() ); } } );
+    checks.push_back( { file4, 175, "nonSingular",
+        [flat] { static_cast<void>( GeProjectiveMatrix3<T>( flat ).computeInverse() ); } } );
+}
+
 // Boxes, planes, frusta ------------------------------------------------------------------------------------------
 
 template <class T>
@@ -97,6 +113,8 @@ std::vector<Check> makeTable()
     std::vector<Check> checks;
     addVectorChecks<float>( checks );
     addVectorChecks<double>( checks );
+    addMatrixChecks<float>( checks );
+    addMatrixChecks<double>( checks );
     addBoxChecks<float>( checks );
     addBoxChecks<double>( checks );
     addPlaneChecks<float>( checks );
