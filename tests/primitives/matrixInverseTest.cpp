@@ -56,7 +56,18 @@ class MatrixInverse : public ::testing::Test
 
 using Matrices = ::testing::Types<GeLinearMatrix3<float>, GeLinearMatrix3<double>, GeAffineMatrix3<float>,
     GeAffineMatrix3<double>, GeProjectiveMatrix3<float>, GeProjectiveMatrix3<double>>;
-TYPED_TEST_SUITE( MatrixInverse, Matrices );
+
+struct MatrixNames
+{
+    template <class Matrix>
+    static std::string GetName( int index )
+    {
+        static const char* const classes[] = { "linear_", "affine_", "projective_" };
+        return classes[index / 2] + ZqTest::ScalarNames::GetName<typename Traits<Matrix>::T>( index );
+    }
+};
+
+TYPED_TEST_SUITE( MatrixInverse, Matrices, MatrixNames );
 
 // Small integers over rows of unlike scale are full of equal pivot weights.
 TYPED_TEST( MatrixInverse, PivotsAndOperationsAreThoseOfAPlainElimination )
