@@ -26,8 +26,9 @@ namespace Zq
 /// Each normal comes from the rows of the matrix, each offset from one of two corners of the cube projected back,
 /// (-1, -1, -1) for planes 0, 2, 4 and (1, 1, 1) for 1, 3, 5. The far corner is only as good as the inverse in T, which
 /// sets how deep a volume may be: in float, with far above about 1,000 times near, planes 1, 3 and 5 can be off by more
-/// than a pixel at the near plane; from about 5e6 times the far plane means nothing, and from 2^25 times the constructor
-/// reports an unrotated camera, though not every other. GeFrustum<double> is the cure. docs/culling.md has the figures.
+/// than a pixel at the near plane; from about 5e6 times the far plane means nothing, and from 2^25 times the
+/// constructor reports an unrotated camera, though not every other. GeFrustum<double> is the cure. docs/culling.md has
+/// the figures.
 ///
 /// Source of the rows: G. Gribb and K. Hartmann, Fast Extraction of Viewing Frustum Planes, 2001.
 ///
@@ -71,8 +72,8 @@ public:
 
     /// Looks at the two corners of the box that are extreme along each normal. FRUSTUM_OUTSIDE and FRUSTUM_INSIDE are
     /// certain; FRUSTUM_INTERSECT is cautious: a box beyond an edge or a corner of the volume, yet wholly beyond none
-    /// of the planes, is said to intersect. A NaN value intersects. An empty box is not recognised: the canonical one is
-    /// FRUSTUM_INSIDE, so ask GeAlignedBox3::isEmpty() first where boxes may be empty.
+    /// of the planes, is said to intersect. A NaN value intersects. An empty box is not recognised: the canonical one
+    /// is FRUSTUM_INSIDE, so ask GeAlignedBox3::isEmpty() first where boxes may be empty.
     /// Source: U. Assarsson and T. Moeller, Optimized View Frustum Culling Algorithms for Bounding Boxes, 2000.
     Classification classify( const GeAlignedBox3<T>& box ) const;
 
