@@ -1,6 +1,7 @@
 // A program of its own, because it replaces operator new. Value classes never allocate: a counting operator new watches every operation that is called here.
 
 #include <zq/primitives/geAlignedBoxBuilder.h>
+#include <zq/primitives/geCameraBuilder.h>
 #include <zq/primitives/geFrustum.h>
 #include <zq/primitives/gePlane3Builder.h>
 #include <zq/primitives/geProjectiveMatrix3.h>
@@ -103,6 +104,7 @@ void useMatrices()
     use( m * m.computeInverse() * m.computeAdjoint() );
     use( a.mulOnRight( m ) * a.computeInverse() );
     const GeProjectiveMatrix3<T> p( a );
+    use( p * GeCameraBuilder<T>::makePerspective( 1, 1, 3, 2 ) * GeCameraBuilder<T>::makeOrthographic( 1, 1, 3, 2 ) );
     use( p * p.computeInverse() * a * p.computeAdjoint().computeTranspose() );
     use( p * GeHomogeneousCoord3<T>( 1, 2, 3, p.computeDeterminant() ) );
 }
