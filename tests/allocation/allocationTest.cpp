@@ -1,7 +1,10 @@
 // A program of its own, because it replaces operator new. Value classes never allocate: a counting operator new watches every operation that is called here.
 
 #include <zq/primitives/geAlignedBoxBuilder.h>
+#include <zq/primitives/geAnchoredConeBuilder.h>
 #include <zq/primitives/geCameraBuilder.h>
+#include <zq/primitives/geCullingCones.h>
+#include <zq/primitives/geFloatingConeBuilder.h>
 #include <zq/primitives/geFrustum.h>
 #include <zq/primitives/gePlane3Builder.h>
 #include <zq/primitives/geProjectiveMatrix3.h>
@@ -135,6 +138,17 @@ void useBoxBuilder()
     use( builder.getBox() );
 }
 
+// The builders are made with room for 16 and may not grow it: fitting works in place.
+void useCones( GeFloatingConeBuilder& normals, GeAnchoredConeBuilder& points )
+{
+    GeFloatingCone cone = normals.createCone();
+    cone.expand( GeFloatingCone( GeUnitVector3<float>( 0, 1, 1 ), 0.5F ) );
+    const GeCullingCones cones( points.createCone( cone ) );
+    use( cones.isBehind( GePoint3<float>() ) );
+    use( cones.isInFront( GePoint3<float>() ) );
+    use( cones );
+}
+
 std::vector<int> kept;
 
 TEST( Allocation, TheCounterCounts )
@@ -159,6 +173,23 @@ TEST( Allocation, VolumesDoNotAllocate )
     EXPECT_EQ( countAllocations( useVolumes<float> ), 0 );
     EXPECT_EQ( countAllocations( useVolumes<double> ), 0 );
     EXPECT_EQ( countAllocations( useBoxBuilder ), 0 );
+}
+
+TEST( Allocation, ConesDoNotAllocate )
+{
+    GeFloatingConeBuilder normals;
+    GeAnchoredConeBuilder points;
+    const auto fillAndUse = [&]
+    {
+        for ( int i = 0; i < 16; ++i )
+        {
+            const float x = static_cast<float>( i );
+            normals( GeUnitVector3<float>( x, 3, 20 ) );
+            points( GePoint3<float>( x, x * x, 1 ) );
+        }
+        useCones( normals, points );
+    };
+    EXPECT_EQ( countAllocations( fillAndUse ), 0 );
 }
 
 } // namespace

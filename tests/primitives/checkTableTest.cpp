@@ -4,6 +4,7 @@
 #include "support/report.h"
 
 #include <zq/primitives/geAlignedBox.h>
+#include <zq/primitives/geAnchoredConeBuilder.h>
 #include <zq/primitives/geFrustum.h>
 #include <zq/primitives/gePlane3Builder.h>
 #include <zq/primitives/geProjectiveMatrix3.h>
@@ -106,6 +107,31 @@ void addFrustumChecks( std::vector<Check>& checks )
     checks.push_back( { "src/base/matrix4x4Imp", 175, "nonSingular", [=] { make( 0, 0 ); } } );
 }
 
+// Cones ----------------------------------------------------------------------------------------------------------
+
+void addConeChecks( std::vector<Check>& checks )
+{
+    const GeFloatingCone upright( GeUnitVector3<float>( 0, 0, 1 ), 0.5F );
+    const GeFloatingCone axisless( GeUnitVector3<float>(), 0.5F );
+    checks.push_back(
+        { "src/primitives/geFloatingCone", 0, "len > 0", [=] { GeFloatingCone( axisless ).expand( upright ); } } );
+
+    const char* file = "src/primitives/geAnchoredConeBuilder";
+    checks.push_back( { file, 0, "bottomIndex != -1", [=] { GeAnchoredConeBuilder().createCone( upright ); } } );
+    checks.push_back( { file, 0, "len > 0",
+        [=]
+        {
+            GeAnchoredConeBuilder builder;
+            builder( GePoint3<float>() );
+            builder.createCone( axisless );
+        } } );
+    // no points lead to these two: they guard the inner workings
+    checks.push_back( { file, 0, "bottomIndex < _points.size()",
+        [] { Detail::getBottomPoint( std::vector<GePoint3<float>>( 2 ), 2 ); } } );
+    checks.push_back( { file, 0, "nbOutsidePoints <= _points.size()",
+        [] { Detail::computeMaxDistance2( std::vector<GePoint3<float>>( 2 ), 3, GePoint3<float>() ); } } );
+}
+
 // ----------------------------------------------------------------------------------------------------------------
 
 std::vector<Check> makeTable()
@@ -121,6 +147,7 @@ std::vector<Check> makeTable()
     addPlaneChecks<double>( checks );
     addFrustumChecks<float>( checks );
     addFrustumChecks<double>( checks );
+    addConeChecks( checks );
     return checks;
 }
 

@@ -1,0 +1,97 @@
+#ifndef ZQ_PRIMITIVES_GECULLINGCONES_H
+#define ZQ_PRIMITIVES_GECULLINGCONES_H
+
+#include "geAnchoredCone.h"
+
+#include <iosfwd>
+#include <type_traits>
+
+namespace Zq
+{
+
+/// Says from where a piece of surface is seen from behind only, or from the front only: two regions of viewpoints.
+/// Single precision only; immutable but for assignment, and safe to ask from any number of threads.
+///
+/// The normals of the surface lie in a floating cone about the axis a, with the semi-angle alpha; whether they point
+/// along the surface's outside is up to the caller, and "front" is the side that they point to. Both regions are cones
+/// of the culling semi-angle beta = pi/2 - alpha:
+///
+/// - behind: its tip is the backfacing apex, and it opens along -a;
+/// - in front: its tip lies the frontfacing offset along +a from the backfacing apex, and it opens along +a.
+///
+/// The tips and the surfaces of the cones count. There are no culling cones for an alpha wider than a right angle: the
+/// stored cosine of beta is -1 then, nothing is behind, and everything is in front. So isInFront() alone does not say
+/// that front faces are all there is to see; getCosBeta() < 0 tells the cases apart.
+///
+/// What isBehind() is worth. It is right about a face as soon as one point of the face lies in the cone that has its
+/// tip at the backfacing apex, opens along +a and has the semi-angle beta. Cones made from a GeAnchoredCone grant that
+/// for all points of its truncated cone while alpha is at most 45 degrees (pi/4). Beyond, the truncated cone opens
+/// faster than the region of viewpoints, and the answer can be wrong: do not use it there. The truncated cone of
+/// GeAnchoredConeBuilder takes in a point of every face of a height field with a convex outline; a face that hovers
+/// steeply above the lowest point of a lopsided set can be missed, and be called behind while it is seen, at any
+/// angle. docs/culling.md shows both cases and how to verify a set.
+///
+/// Method: L. A. Shirman and S. S. Abi-Ezzi, The Cone of Normals Technique for Fast Processing of Curved Patches, 1993.
+///
+/// Text form: "cullingCones( backfacingApex=(0, 0, 0), frontfacingOffset=10, cosBeta=0.5, floatingCone( ... ) )".
+class ZQ_PRIMITIVES_API GeCullingCones
+{
+public:
+    /// No culling cones: a sphere of normals about (0, 0, 1), cosine -1; apex and offset are zero.
+    GeCullingCones();
+    /// The culling cones of a surface with normals in the anchored cone's floating cone and points in its truncated
+    /// cone. The cosine of beta is sin( alpha ) while 2 alpha, in double, is at most pi, else -1; also below.
+    explicit GeCullingCones( const GeAnchoredCone& anchored );
+    /// Stores the three as they are.
+    GeCullingCones( const GeFloatingCone& cone, const GePoint3<float>& backfacingApex, float frontfacingOffset );
+
+    /// The cone of the normals.
+    const GeFloatingCone& getFloatingCone() const;
+    GePoint3<float> getBackfacingApex() const;
+    float getFrontfacingOffset() const;
+    /// The cosine of beta; -1 when there are no culling cones.
+    float getCosBeta() const;
+    /// beta in radians; 0 when there are no culling cones.
+    float getCullingSemiAngle() const;
+
+    /// The same as isEqualExact().
+    bool operator==( const GeCullingCones& other ) const;
+    bool operator!=( const GeCullingCones& other ) const;
+    /// Backfacing apex, frontfacing offset and the cosine of beta are equal; NaN equals nothing. The floating cone is
+    /// not looked at: cones that open in different directions are equal. Compare the floating cones where it matters.
+    bool isEqualExact( const GeCullingCones& other ) const;
+    /// The same values within tolerances, strictly: one for apex and offset, the other for the cosine. See
+    /// FloatUtil::isEqual.
+    bool isEqual( const GeCullingCones& other, float lengthTolerance, float cosineTolerance ) const;
+
+    /// Whether a viewpoint lies in the front region; true for every point when there are no culling cones. Otherwise
+    /// false for NaN.
+    bool isInFront( const GePoint3<float>& p ) const;
+    /// Whether a viewpoint lies in the region behind; false for every point when there are no culling cones, and for
+    /// NaN. Distances above about 1.8e19 overflow and count as square to the axis: not behind, unless alpha is 0.
+    bool isBehind( const GePoint3<float>& p ) const;
+
+    /// Writes the text form; no line end.
+    std::ostream& dump( std::ostream& os ) const;
+
+private:
+    GeFloatingCone _cone;
+    GePoint3<float> _backfacingApex;
+    float _frontfacingOffset;
+    float _cosBeta;
+};
+
+std::ostream& operator<<( std::ostream& os, const GeCullingCones& cones );
+
+} // namespace Zq
+
+#include "geCullingCones.inline"
+
+namespace Zq
+{
+
+static_assert( sizeof( GeCullingCones ) == 9 * sizeof( float ) && std::is_trivially_copyable_v<GeCullingCones> );
+
+} // namespace Zq
+
+#endif
