@@ -74,7 +74,8 @@ int main( int argc, char** argv )
     std::ostringstream program;
     for ( int i = 3; i < argc; ++i )
         program << "#include <" << argv[i] << ">\n";
-    program << "#include <cstring>\n#include <iomanip>\n#include <iostream>\n#include <limits>\n#include <locale>\n#include "
+    program << "#include <cstring>\n#include <iomanip>\n#include <iostream>\n#include <limits>\n#include "
+               "<locale>\n#include "
                "<sstream>\n#include <string>\n\n";
     for ( std::size_t i = 0; i < examples.size(); ++i )
     {
