@@ -49,9 +49,17 @@ std::vector<Example> readExamples( std::istream& page )
     return examples;
 }
 
+const std::string mainHead = "int main()";
+
 bool isProgram( const Example& example )
 {
-    return example.code.find( "int main()" ) != std::string::npos;
+    return example.code.find( mainHead ) != std::string::npos;
+}
+
+// only a main() may do without a return
+std::string renameMain( std::string code, const std::string& name )
+{
+    return code.replace( code.find( mainHead ), mainHead.size(), "static void " + name + "Main()" );
 }
 
 } // namespace
@@ -81,8 +89,9 @@ int main( int argc, char** argv )
     {
         const std::string name = "example" + std::to_string( i );
         if ( isProgram( examples[i] ) )
-            program << "#define main " << name << "\n#line " << examples[i].line << " \"" << argv[1] << "\"\n"
-                    << examples[i].code << "#undef main\n";
+            program << "#line " << examples[i].line << " \"" << argv[1] << "\"\n"
+                    << renameMain( examples[i].code, name ) << "static int " << name << "()\n{\n"
+                    << name << "Main();\nreturn 0;\n}\n";
         else
             program << "static int " << name << "()\n{\nusing namespace Zq;\n#line " << examples[i].line << " \""
                     << argv[1] << "\"\n"
