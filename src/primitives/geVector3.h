@@ -104,10 +104,11 @@ std::istream& operator>>( std::istream& is, GeVector3<T>& v );
 
 } // namespace Zq
 
+// The bodies come before anything that instantiates the class: GCC inlines only what was inline by then.
+#include "geVector3.inline"
+
 #include "gePoint3.h"
 #include "geUnitVector3.h"
-
-#include "geVector3.inline"
 
 namespace Zq
 {
