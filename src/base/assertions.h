@@ -1,7 +1,7 @@
 #ifndef ZQ_BASE_ASSERTIONS_H
 #define ZQ_BASE_ASSERTIONS_H
 
-#include "export.h"
+#include "forward.h"
 
 #include <stdexcept>
 #include <string>

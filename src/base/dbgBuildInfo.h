@@ -1,7 +1,7 @@
 #ifndef ZQ_BASE_DBGBUILDINFO_H
 #define ZQ_BASE_DBGBUILDINFO_H
 
-#include "export.h"
+#include "forward.h"
 #include "objPtr.h"
 
 #include <cstddef>

@@ -1,7 +1,7 @@
 #ifndef ZQ_BASE_INPACKAGEINIT_H
 #define ZQ_BASE_INPACKAGEINIT_H
 
-#include "export.h"
+#include "forward.h"
 
 #include <cstddef>
 #include <string>

@@ -1,7 +1,7 @@
 #ifndef ZQ_BASE_INTERVAL_H
 #define ZQ_BASE_INTERVAL_H
 
-#include "export.h"
+#include "forward.h"
 
 #include <type_traits>
 

@@ -1,7 +1,7 @@
 #ifndef ZQ_BASE_TRACE_H
 #define ZQ_BASE_TRACE_H
 
-#include "export.h"
+#include "forward.h"
 
 #include <atomic>
 #include <iosfwd>
