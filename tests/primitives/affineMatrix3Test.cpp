@@ -4,7 +4,7 @@
 
 #include <zq/primitives/geAffineMatrix3.h>
 
-#include <cstring>
+#include <array>
 #include <sstream>
 
 using namespace Zq;
@@ -39,14 +39,14 @@ bool hasAffineBottomRow( const GeAffineMatrix3<T>& m )
 TYPED_TEST( AffineMatrix3, IsStoredByColumnsWhateverItWasMadeFrom )
 {
     using T = TypeParam;
-    const T expected[16] = { 1, 5, 9, 0, 2, 6, 10, 0, 3, 7, 11, 0, 4, 8, 12, 1 };
+    const std::array<T, 16> expected = { 1, 5, 9, 0, 2, 6, 10, 0, 3, 7, 11, 0, 4, 8, 12, 1 };
     const float rows[4][4] = { { 1, 2, 3, 4 }, { 5, 6, 7, 8 }, { 9, 10, 11, 12 }, { -1, -2, -3, -4 } };
     const double columns[4][4] = { { 1, 5, 9, -1 }, { 2, 6, 10, -2 }, { 3, 7, 11, -3 }, { 4, 8, 12, -4 } };
     const GeLinearMatrix3<T> linear( 1, 2, 3, 5, 6, 7, 9, 10, 11 );
     for ( const GeAffineMatrix3<T>& m : { GeAffineMatrix3<T>( rows, false ), GeAffineMatrix3<T>( columns, true ),
               GeAffineMatrix3<T>( linear, GeVector3<T>( 4, 8, 12 ) ) } )
     {
-        EXPECT_EQ( std::memcmp( &m, expected, sizeof expected ), 0 );
+        EXPECT_EQ( ( ZqTest::storedValues<T, 16>( m ) ), expected );
         EXPECT_EQ( m.getLinear(), linear );
         EXPECT_EQ( m.getTranslation(), ( GeVector3<T>( 4, 8, 12 ) ) );
         EXPECT_EQ( m.getColumn( 1 ), ( GeVector3<T>( 2, 6, 10 ) ) );

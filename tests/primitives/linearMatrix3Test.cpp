@@ -3,7 +3,7 @@
 
 #include <zq/primitives/geLinearMatrix3.h>
 
-#include <cstring>
+#include <array>
 #include <sstream>
 #include <utility>
 
@@ -24,7 +24,7 @@ GeLinearMatrix3<T> randomMatrix( Random& random )
 TYPED_TEST( LinearMatrix3, IsStoredByRows )
 {
     using T = TypeParam;
-    const T expected[9] = { 1, 2, 3, 4, 5, 6, 7, 8, 9 };
+    const std::array<T, 9> expected = { 1, 2, 3, 4, 5, 6, 7, 8, 9 };
     GeLinearMatrix3<T> byElement;
     for ( int r = 0; r < 3; ++r )
     {
@@ -33,7 +33,7 @@ TYPED_TEST( LinearMatrix3, IsStoredByRows )
     }
     const GeLinearMatrix3<T> byRows( GeVector3<T>( 1, 2, 3 ), GeVector3<T>( 4, 5, 6 ), GeVector3<T>( 7, 8, 9 ) );
     for ( const GeLinearMatrix3<T>& m : { byElement, byRows, GeLinearMatrix3<T>( 1, 2, 3, 4, 5, 6, 7, 8, 9 ) } )
-        EXPECT_EQ( std::memcmp( &m, expected, sizeof expected ), 0 );
+        EXPECT_EQ( ( ZqTest::storedValues<T, 9>( m ) ), expected );
     EXPECT_EQ( std::as_const( byElement )( 1, 2 ), T( 6 ) );
 }
 

@@ -3,7 +3,7 @@
 
 #include <zq/primitives/geProjectiveMatrix3.h>
 
-#include <cstring>
+#include <array>
 #include <sstream>
 
 using namespace Zq;
@@ -33,19 +33,19 @@ GeAffineMatrix3<T> randomAffine( Random& random )
 TYPED_TEST( ProjectiveMatrix3, IsStoredByColumnsWhateverItWasMadeFrom )
 {
     using T = TypeParam;
-    const T expected[16] = { 1, 5, 9, 13, 2, 6, 10, 14, 3, 7, 11, 15, 4, 8, 12, 16 };
+    const std::array<T, 16> expected = { 1, 5, 9, 13, 2, 6, 10, 14, 3, 7, 11, 15, 4, 8, 12, 16 };
     const double rows[4][4] = { { 1, 2, 3, 4 }, { 5, 6, 7, 8 }, { 9, 10, 11, 12 }, { 13, 14, 15, 16 } };
     const float columns[4][4] = { { 1, 5, 9, 13 }, { 2, 6, 10, 14 }, { 3, 7, 11, 15 }, { 4, 8, 12, 16 } };
     for ( const GeProjectiveMatrix3<T>& m :
         { GeProjectiveMatrix3<T>( rows, false ), GeProjectiveMatrix3<T>( columns, true ) } )
     {
-        EXPECT_EQ( std::memcmp( &m, expected, sizeof expected ), 0 );
+        EXPECT_EQ( ( ZqTest::storedValues<T, 16>( m ) ), expected );
         EXPECT_EQ( m( 1, 3 ), T( 8 ) );
     }
     const GeLinearMatrix3<T> linear( 1, 2, 3, 5, 6, 7, 9, 10, 11 );
-    const T affine[16] = { 1, 5, 9, 0, 2, 6, 10, 0, 3, 7, 11, 0, 4, 8, 12, 1 };
+    const std::array<T, 16> affine = { 1, 5, 9, 0, 2, 6, 10, 0, 3, 7, 11, 0, 4, 8, 12, 1 };
     const GeProjectiveMatrix3<T> m( GeAffineMatrix3<T>( linear, GeVector3<T>( 4, 8, 12 ) ) );
-    EXPECT_EQ( std::memcmp( &m, affine, sizeof affine ), 0 );
+    EXPECT_EQ( ( ZqTest::storedValues<T, 16>( m ) ), affine );
     EXPECT_EQ( GeProjectiveMatrix3<T>( linear ), GeProjectiveMatrix3<T>( GeAffineMatrix3<T>( linear ) ) );
     static_assert( !std::is_convertible_v<GeAffineMatrix3<T>, GeProjectiveMatrix3<T>> );
     static_assert( !std::is_convertible_v<GeLinearMatrix3<T>, GeProjectiveMatrix3<T>> );
@@ -164,10 +164,10 @@ TYPED_TEST( ProjectiveMatrix3, HomogeneousArithmeticTreatsFourComponentsAlike )
 {
     using T = TypeParam;
     using Coord = GeHomogeneousCoord3<T>;
-    const T expected[4] = { 1, 2, 3, 4 };
+    const std::array<T, 4> expected = { 1, 2, 3, 4 };
     const Coord a( 1, 2, 3, 4 );
     const Coord b( 10, -20, 30, -40 );
-    EXPECT_EQ( std::memcmp( &a, expected, sizeof expected ), 0 );
+    EXPECT_EQ( ( ZqTest::storedValues<T, 4>( a ) ), expected );
     Coord built;
     EXPECT_EQ( built, Coord( 0, 0, 0, 0 ) );
     built.setX( a.getX() );

@@ -183,7 +183,23 @@ bool eliminate( Rows<T, n> a, PivotRule rule, Rows<T, n>& inverse, T& determinan
 template <class T, std::size_t n>
 bool sameBits( const Rows<T, n>& a, const Rows<T, n>& b )
 {
-    return std::memcmp( &a, &b, sizeof a ) == 0;
+    bool same = true;
+    for ( std::size_t r = 0; r < n; ++r )
+    {
+        for ( std::size_t c = 0; c < n; ++c )
+            same = same && a[r][c] == b[r][c] && std::signbit( a[r][c] ) == std::signbit( b[r][c] );
+    }
+    return same;
+}
+
+/// The values of an object in the order of its memory.
+template <class T, std::size_t count, class Object>
+std::array<T, count> storedValues( const Object& object )
+{
+    std::array<T, count> values{};
+    static_assert( sizeof values == sizeof object );
+    std::memcpy( values.data(), &object, sizeof object );
+    return values;
 }
 
 } // namespace ZqTest
