@@ -194,6 +194,13 @@ TYPED_TEST( MatrixInverse, SingularBeginsStrictlyBelowTheDefaultTolerance )
     rows[1][1] = T( 1 ) + std::ldexp( T( 1 ), power );
     EXPECT_TRUE( Kind::isSingular( Kind::make( rows ) ) );
 
+    // a row below the limit, although its pivot would be 1.7 times the limit
+    rows = Kind::identity();
+    rows[0][1] = T( 8 );
+    rows[1][0] = T( -0.1 ) * limit;
+    rows[1][1] = T( 0.9 ) * limit;
+    EXPECT_TRUE( Kind::isSingular( Kind::make( rows ) ) );
+
     // invertible in mathematics, and not here
     for ( auto& row : rows = Kind::identity() )
     {
@@ -288,9 +295,18 @@ TYPED_TEST( MatrixInverse, NaNAndInfinityNeverGiveAFiniteInverse )
     }
     EXPECT_GT( untouched, 100 );
     EXPECT_GT( spoilt, 100 );
-    // a row without a single number counts as zero
+
+    // a row without a single number counts as zero, also where it would be left as the last pivot
     auto rows = Kind::identity();
+    for ( std::size_t i = 2; i < Kind::n; ++i )
+        rows[i][i - 1] = T( 1 );
     rows[1].fill( ZqTest::nan<T> );
+    EXPECT_TRUE( Kind::isSingular( Kind::make( rows ) ) );
+
+    // a NaN is passed over as pivot, even where nothing but zeros is left
+    rows = Kind::identity();
+    rows[0] = rows[1];
+    rows[Kind::n - 1][0] = ZqTest::nan<T>;
     EXPECT_TRUE( Kind::isSingular( Kind::make( rows ) ) );
 }
 
