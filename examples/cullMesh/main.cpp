@@ -1,0 +1,142 @@
+// cullMesh: from a camera, which clusters of a mesh need not be drawn?
+//
+// The page to copy from is culling.h, with clusters.cpp for the bounds and camera.cpp for the matrices.
+
+#include "badInput.h"
+#include "meshFile.h"
+#include "options.h"
+#include "outputFiles.h"
+#include "pictures.h"
+#include "pngEncoder.h"
+#include "progressLine.h"
+#include "report.h"
+#include "teapot.h"
+#include "timing.h"
+
+#include <algorithm>
+#include <iostream>
+
+namespace CullMesh
+{
+
+namespace
+{
+
+Mesh makeMesh( const Options& options, Report& report )
+{
+    const Stopwatch making;
+    const RawMesh raw = options.meshFile.empty() ? makeTeapot( options.teapotSegments ) : loadMesh( options.meshFile );
+    report.timing.making = making.getSeconds();
+
+    const Stopwatch preparation;
+    Mesh mesh = prepareMesh( raw, report.preparation );
+    report.timing.preparation = preparation.getSeconds();
+    report.meshName = raw.name;
+    report.nbPoints = mesh.points.size();
+    report.nbTriangles = mesh.triangles.size();
+    return mesh;
+}
+
+std::vector<Cluster> splitAndBound( Mesh& mesh, const Options& options, Report& report )
+{
+    const Stopwatch splitting;
+    const std::vector<TriangleRange> ranges = splitIntoRanges( mesh, options.clusterSize );
+    report.timing.splitting = splitting.getSeconds();
+
+    const Stopwatch bounding;
+    std::vector<Cluster> clusters = makeClusters( mesh, ranges );
+    report.timing.bounding = bounding.getSeconds();
+    report.nbClusters = clusters.size();
+    report.clusterSize = options.clusterSize;
+    for ( const Cluster& cluster : clusters )
+    {
+        if ( !cluster.isConeUsable )
+        {
+            report.withoutCone.add( cluster );
+        }
+    }
+    return clusters;
+}
+
+// The verdicts of every camera, counted and checked; those of the last one stay in `verdicts`.
+void cull( const Mesh& mesh, const std::vector<Cluster>& clusters, Report& report, std::vector<Verdict>& verdicts )
+{
+    Examples::ProgressLine progress( "culling for eye", report.cameras.size() );
+    for ( std::size_t i = 0; i < report.cameras.size(); ++i )
+    {
+        progress.show( i );
+        const Camera& camera = report.cameras[i];
+        const Stopwatch culling;
+        const Zq::GeFrustum<double> frustum( makeClipMatrix<double>( camera ) );
+        judgeAll( clusters, frustum, camera.eye, verdicts );
+        report.timing.culling += culling.getSeconds() / static_cast<double>( report.cameras.size() );
+
+        report.tally.add( clusters, verdicts );
+        report.check.add( mesh, clusters, camera, verdicts );
+    }
+}
+
+int run( const Options& options )
+{
+    for ( const std::filesystem::path& path : options.getOutputs() )
+    {
+        Examples::checkWritable( path );
+    }
+    Report report;
+    Mesh mesh = makeMesh( options, report );
+    const std::vector<Cluster> clusters = splitAndBound( mesh, options, report );
+    report.cameras = makeCameras( options, mesh.points );
+    std::vector<Verdict> verdicts;
+    cull( mesh, clusters, report, verdicts );
+    measureTests( clusters, report.cameras.front(), report.timing );
+
+    std::vector<Examples::OutputFile> files;
+    if ( options.hasPictures )
+    {
+        const Shot shot = { mesh, clusters, report.cameras.front(), verdicts, report.tally };
+        files.push_back( { options.viewFile, Examples::encodePng( drawView( shot ) ) } );
+        files.push_back( { options.sceneFile, Examples::encodePng( drawScene( shot ) ) } );
+    }
+    if ( !options.jsonFile.empty() )
+    {
+        files.push_back( { options.jsonFile, makeJson( options, report ) } );
+    }
+    Examples::writeAll( files );
+
+    printReport( std::cout, options, report );
+    for ( const Examples::OutputFile& file : files )
+    {
+        std::cout << "  wrote " << file.path.string() << '\n';
+    }
+    if ( !std::cout.flush() )
+    {
+        throw Examples::BadInput( "cannot write the report" );
+    }
+    return report.check.computeViolations() == 0 ? 0 : 1;
+}
+
+// Names of files and options may hold line ends.
+std::string makeOneLine( std::string text )
+{
+    std::replace_if(
+        text.begin(), text.end(), []( char character ) { return character == '\n' || character == '\r'; }, ' ' );
+    return text;
+}
+
+} // namespace
+
+} // namespace CullMesh
+
+int main( int argc, char** argv )
+{
+    try
+    {
+        const std::optional<CullMesh::Options> options = CullMesh::parseOptions( argc, argv );
+        return options ? CullMesh::run( *options ) : 0;
+    }
+    catch ( const std::exception& error )
+    {
+        std::cerr << "cullMesh: " << CullMesh::makeOneLine( error.what() ) << '\n';
+        return 2;
+    }
+}

@@ -1,0 +1,15 @@
+#ifndef ZQ_EXAMPLES_CULLMESH_MESHFILE_H
+#define ZQ_EXAMPLES_CULLMESH_MESHFILE_H
+
+#include "mesh.h"
+
+namespace CullMesh
+{
+
+/// The triangles of a file in any format that assimp reads; polygons are cut, lines, points, normals and texture
+/// coordinates left out. Throws Examples::BadInput when the file cannot be read or assimp was not there at build time.
+RawMesh loadMesh( const std::string& path );
+
+} // namespace CullMesh
+
+#endif

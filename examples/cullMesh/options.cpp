@@ -1,0 +1,236 @@
+#include "options.h"
+
+#include "badInput.h"
+
+#include <CLI/CLI.hpp>
+
+#include <charconv>
+#include <iostream>
+
+namespace CullMesh
+{
+
+namespace
+{
+
+using Zq::GePoint3;
+
+constexpr double MAX_COORDINATE = 1000;
+
+template <class Number>
+std::string makeText( Number number )
+{
+    std::ostringstream text;
+    text << number;
+    return text.str();
+}
+
+// The whole text as a number from lowest to highest; the error names the option.
+template <class Number>
+Number parseNumber( const std::string& option, const std::string& text, Number lowest, Number highest )
+{
+    Number number{};
+    const char* const end = text.data() + text.size();
+    const auto [rest, error] = std::from_chars( text.data(), end, number );
+    // written so that NaN is refused
+    if ( error != std::errc() || rest != end || !( number >= lowest && number <= highest ) )
+    {
+        throw Examples::BadInput( option + ": '" + text + "' is not a " +
+            ( std::is_integral_v<Number> ? "whole number" : "number" ) + " from " + makeText( lowest ) + " to " +
+            makeText( highest ) );
+    }
+    return number;
+}
+
+std::vector<float> parseList( const std::string& option, const std::string& text, double lowest, double highest )
+{
+    std::vector<float> numbers;
+    std::size_t begin = 0;
+    while ( begin <= text.size() )
+    {
+        const std::size_t end = std::min( text.find( ',', begin ), text.size() );
+        numbers.push_back(
+            static_cast<float>( parseNumber( option, text.substr( begin, end - begin ), lowest, highest ) ) );
+        begin = end + 1;
+    }
+    return numbers;
+}
+
+GePoint3<float> parsePoint( const std::string& option, const std::string& text )
+{
+    const std::vector<float> numbers = parseList( option, text, -MAX_COORDINATE, MAX_COORDINATE );
+    if ( numbers.size() != 3 )
+    {
+        throw Examples::BadInput( option + ": '" + text + "' is not three numbers x,y,z" );
+    }
+    return { numbers[0], numbers[1], numbers[2] };
+}
+
+// Options whose values are read by our own rules, so that every complaint is of one form.
+class Parser
+{
+public:
+    explicit Parser( CLI::App& app ) : _app( app ) {}
+
+    template <class Number, class Target>
+    CLI::Option* addNumber(
+        const std::string& name, Target& target, Number lowest, Number highest, const std::string& help )
+    {
+        return add( name, "NUMBER", help,
+            [=, &target]( const std::string& text )
+            { target = static_cast<Target>( parseNumber( name, text, lowest, highest ) ); } );
+    }
+
+    CLI::Option* addDistance( const std::string& name, std::optional<float>& target, const std::string& help )
+    {
+        return add( name, "NUMBER", help,
+            [name, &target]( const std::string& text )
+            { target = static_cast<float>( parseNumber( name, text, 1e-4, 1e4 ) ); } );
+    }
+
+    CLI::Option* addList(
+        const std::string& name, std::vector<float>& target, double lowest, double highest, const std::string& help )
+    {
+        return add( name, "R[,R...]", help,
+            [=, &target]( const std::string& text ) { target = parseList( name, text, lowest, highest ); } );
+    }
+
+    CLI::Option* addPoint( const std::string& name, GePoint3<float>& target, const std::string& help )
+    {
+        return add(
+            name, "X,Y,Z", help, [name, &target]( const std::string& text ) { target = parsePoint( name, text ); } );
+    }
+
+    template <class Text>
+    CLI::Option* addText( const std::string& name, const std::string& type, Text& target, const std::string& help )
+    {
+        return add( name, type, help,
+            [name, &target]( const std::string& text )
+            {
+                if ( text.empty() )
+                {
+                    throw Examples::BadInput( name + ": expected a name" );
+                }
+                target = text;
+            } );
+    }
+
+private:
+    template <class Reader>
+    CLI::Option* add( const std::string& name, const std::string& type, const std::string& help, Reader read )
+    {
+        return _app.add_option_function<std::string>( name, read, help )->type_name( type );
+    }
+
+    CLI::App& _app;
+};
+
+} // namespace
+
+std::optional<Options> parseOptions( int argc, const char* const* argv )
+{
+    CLI::App app( "Cuts a mesh into clusters and says which of them a camera need not draw: outside its frustum, or\n"
+                  "facing away. The mesh is moved to the origin and scaled to radius 1; z is up.",
+        "cullMesh" );
+    Options options;
+    std::filesystem::path folder = ".";
+    std::string viewName = "cullMesh-view.png";
+    std::string sceneName = "cullMesh-scene.png";
+    bool hasNoPictures = false;
+
+    Parser parser( app );
+    CLI::Option* const segments = parser.addNumber<unsigned>( "--teapot-segments", options.teapotSegments, 1, 256,
+        "The teapot's segments along a patch side [32; 91 make 529,256 triangles]" );
+    parser.addText( "--mesh", "FILE", options.meshFile, "Another mesh, in any format that assimp reads" )
+        ->excludes( segments );
+    parser.addNumber<std::size_t>(
+        "--cluster-size", options.clusterSize, 1, 1000000, "The most triangles that a cluster may have [64]" );
+
+    CLI::Option* const eye = parser.addPoint( "--eye", options.eye, "Where the camera stands [1.2,-1.9,0.45]" );
+    CLI::Option* const target = parser.addPoint( "--target", options.target, "What it looks at [-0.3,0,0.05]" );
+    parser.addNumber<double>(
+        "--fov", options.fieldOfViewDegrees, 0.1, 179, "The angle of view from bottom to top, in degrees [30]" );
+    parser.addNumber<double>( "--aspect", options.aspect, 0.05, 20, "Width / height of the view [4/3]" );
+    parser.addDistance( "--near", options.nearDistance, "The near clip plane [fitted to the mesh]" );
+    parser.addDistance( "--far", options.farDistance, "The far clip plane [fitted to the mesh]" );
+
+    CLI::Option* const orbit = parser.addNumber<std::size_t>( "--orbit", options.nbOrbitEyes, 1, 1000000,
+        "Totals over so many eyes around the mesh, looking at its centre; no pictures" );
+    orbit->excludes( eye )->excludes( target );
+    parser
+        .addList( "--distance", options.orbitDistances, 0.001, MAX_COORDINATE,
+            "How far the eyes of --orbit are from its centre, in turn [1.25,2.5,6]" )
+        ->needs( orbit );
+
+    parser.addText( "--out", "DIR", folder, "Where the pictures go [.]" );
+    parser.addText( "--view", "NAME", viewName, "The picture from the camera [cullMesh-view.png]" );
+    parser.addText( "--scene", "NAME", sceneName, "The picture from outside [cullMesh-scene.png]" );
+    app.add_flag( "--no-pictures", hasNoPictures, "Draw nothing" );
+    parser.addText( "--json", "FILE", options.jsonFile, "The report for programs" );
+
+    try
+    {
+        app.parse( argc, argv );
+    }
+    catch ( const CLI::CallForHelp& )
+    {
+        std::cout << app.help();
+        return std::nullopt;
+    }
+    catch ( const CLI::ParseError& error )
+    {
+        throw Examples::BadInput( error.what() );
+    }
+    options.hasPictures = !hasNoPictures && options.nbOrbitEyes == 0;
+    options.viewFile = folder / viewName;
+    options.sceneFile = folder / sceneName;
+    if ( options.eye == options.target )
+    {
+        throw Examples::BadInput( "--eye and --target are the same point" );
+    }
+    if ( options.viewFile == options.sceneFile || options.jsonFile == options.viewFile ||
+        options.jsonFile == options.sceneFile )
+    {
+        throw Examples::BadInput( "two outputs have the same name" );
+    }
+    return options;
+}
+
+std::vector<std::filesystem::path> Options::getOutputs() const
+{
+    std::vector<std::filesystem::path> outputs;
+    if ( hasPictures )
+    {
+        outputs = { viewFile, sceneFile };
+    }
+    if ( !jsonFile.empty() )
+    {
+        outputs.push_back( jsonFile );
+    }
+    return outputs;
+}
+
+std::vector<Camera> makeCameras( const Options& options, const std::vector<GePoint3<float>>& points )
+{
+    constexpr float DEGREE = 0.017453292F;
+    const bool isOrbit = options.nbOrbitEyes > 0;
+    const GePoint3<float> target = isOrbit ? GePoint3<float>() : options.target;
+    std::vector<Camera> cameras;
+    for ( const GePoint3<float>& eye : isOrbit ? makeOrbit( options.nbOrbitEyes, options.orbitDistances )
+                                               : std::vector<GePoint3<float>>{ options.eye } )
+    {
+        Camera camera{ eye, target, options.fieldOfViewDegrees * DEGREE, options.aspect, 0, 0 };
+        fitClipPlanes( camera, points );
+        camera.nearDistance = options.nearDistance.value_or( camera.nearDistance );
+        camera.farDistance = options.farDistance.value_or( camera.farDistance );
+        if ( !( camera.nearDistance < camera.farDistance ) )
+        {
+            throw Examples::BadInput(
+                "near " + makeText( camera.nearDistance ) + " is not less than far " + makeText( camera.farDistance ) );
+        }
+        cameras.push_back( camera );
+    }
+    return cameras;
+}
+
+} // namespace CullMesh

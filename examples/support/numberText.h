@@ -1,0 +1,17 @@
+#ifndef ZQ_EXAMPLES_SUPPORT_NUMBERTEXT_H
+#define ZQ_EXAMPLES_SUPPORT_NUMBERTEXT_H
+
+#include <cstddef>
+#include <string>
+
+namespace Examples
+{
+
+/// "65,280"
+std::string makeGroupedText( std::size_t number );
+/// "0.25"; `nbDecimals` digits after the point.
+std::string makeDecimalText( double number, int nbDecimals );
+
+} // namespace Examples
+
+#endif
