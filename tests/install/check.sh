@@ -35,7 +35,6 @@ build_client() # WAY CMAKE_ARGUMENTS...
 {
     local way=$1
     shift
-    make_everything
     rm -rf "$work/$way"
     cmake -S "$here/client" -B "$work/$way" -G "$generator" -DCMAKE_CXX_COMPILER="$cxx" -DCMAKE_BUILD_TYPE=Debug \
         -DZQ_CLIENT_WAY="$way" -DZQ_CLIENT_SOURCE_DIR="$source" -DZQ_CLIENT_GENERATED_DIR="$work/generated" "$@"
@@ -72,7 +71,6 @@ use_pkg_config() # TREE
     done
     read -ra flags <<< "$( PKG_CONFIG_PATH=$folder pkg-config --cflags ZQprimitives )"
     read -ra libs <<< "$( PKG_CONFIG_PATH=$folder pkg-config --libs ZQprimitives )"
-    make_everything
     "$cxx" -std=c++17 "${warnings[@]}" -fvisibility=hidden -I"$work/generated" "${flags[@]}" \
         "$here/client/client.cpp" -o "$work/client" "${libs[@]}" -Wl,-rpath,"$( dirname "$folder" )"
     "$work/client"
@@ -81,7 +79,7 @@ use_pkg_config() # TREE
 case $step in
 install)
     rm -rf "$work"
-    mkdir -p "$work"
+    make_everything
     cmake --install "$build" --prefix "$work/first" > /dev/null
     mv "$work/first" "$moved"
     libdir=$( dirname "$( find "$moved" -name libZQprimitives.so )" )
@@ -134,7 +132,7 @@ pkg-config)
     use_pkg_config "$moved"
     ;;
 add_subdirectory | FetchContent)
-    mkdir -p "$work"
+    make_everything
     as_subproject "$step"
     ;;
 *)
