@@ -1,159 +1,194 @@
 // Loads and unloads libZQprimitives, which this program is not linked with, and looks at what the base library knows.
 
-#include "loading/loadedLibrary.h"
-#include "loading/recorder.h"
-#include "loading/user.h"
-
 #include <zq/base/assertions.h>
 #include <zq/base/dbgBuildInfo.h>
-#include <zq/base/inInit.h>
+#include <zq/base/inPackageInit.h>
 #include <zq/base/trace.h>
 
 #include <gtest/gtest.h>
 
+#include <cstdlib>
+#include <cxxabi.h>
+#include <dlfcn.h>
 #include <malloc.h>
+#include <memory>
+#include <stdexcept>
 #include <string>
+#include <utility>
 #include <vector>
 
 using namespace Zq;
-using ZqTest::LoadedLibrary;
+
+// The recorder --------------------------------------------------------------------------------------------------------
+
+// Stands in for four operations of libZQbase: the loader finds a program's own symbols first. Each call is written down
+// and passed on.
+#define REGISTER_PACKAGE "_ZN2Zq13InPackageInit15registerPackageEv"
+#define ADD_DEPENDENCY "_ZN2Zq13InPackageInit13addDependencyEPKSt9type_info"
+#define PACKAGE_DESTRUCTOR "_ZN2Zq13InPackageInitD2Ev"
+#define REGISTER_LEVEL "_ZN2Zq5Trace13registerLevelEPKcS2_"
+#define STANDS_FOR( symbol ) __asm__( symbol ) __attribute__( ( visibility( "default" ) ) )
 
 namespace
 {
 
-/// The registry and the records are those of libZQbase alone.
-void expectNothingLeft()
+using Record = std::vector<std::string>;
+Record record;
+
+template <class Function>
+Function* find( void* library, const char* symbol )
 {
-    EXPECT_FALSE( LoadedLibrary::isLoaded( ZQ_PRIMITIVES_LIBRARY ) );
-    EXPECT_FALSE( LoadedLibrary::isLoaded( ZQ_RESMGT_LIBRARY ) );
-    EXPECT_EQ( InPackageRegistry::getNbPackages(), 0U );
-    EXPECT_EQ( DbgBuildInfoUtil::getNbInfos(), 0U );
-    EXPECT_FALSE( DbgBuildInfoUtil::findInfo( "libZQprimitives" ) );
-    InPackageRegistry::shutdown(); // nobody there to be called
+    if ( void* const address = dlsym( library, symbol ) )
+        return reinterpret_cast<Function*>( address );
+    throw std::runtime_error( dlerror() );
 }
 
-const std::vector<std::string> LOAD = {
-    "package color",
-    "needs Zq::InInit<Zq::ZqInit::base>",
-    "level Geometry src/primitives/geFloatingCone",
-    "level GeFrustum src/primitives/geFrustum.imp",
-    "level GeShaft src/primitives/geShaft",
-    "package geometry",
-    "needs Zq::InInit<Zq::ZqInit::base>",
-    "package primitives",
-    "needs Zq::InInit<Zq::ZqInit::color>",
-    "needs Zq::InInit<Zq::ZqInit::geometry>",
-    "needs Zq::InInit<Zq::ZqInit::resmgt>",
-    "needs Zq::InInit<Zq::ZqInit::base>",
-};
-const std::vector<std::string> UNLOAD = { "gone primitives", "gone geometry", "gone color" };
+} // namespace
 
-TEST( Loading, PackagesAndLevelsComeInOrderAndGoInReverse )
+// A package's derived part may be half made or half gone: the base part's own name is all that is asked of it.
+void recordPackage( InPackageInit* package ) STANDS_FOR( REGISTER_PACKAGE );
+void recordPackage( InPackageInit* package )
 {
-    ZqTest::takeRecord();
+    record.push_back( std::string( "package " ) + package->InPackageInit::getName() );
+    find<void( InPackageInit* )>( RTLD_NEXT, REGISTER_PACKAGE )( package );
+}
+
+void recordNeed( InPackageInit* package, const std::type_info* needed ) STANDS_FOR( ADD_DEPENDENCY );
+void recordNeed( InPackageInit* package, const std::type_info* needed )
+{
+    const std::unique_ptr<char, void ( * )( void* )> name(
+        abi::__cxa_demangle( needed->name(), nullptr, nullptr, nullptr ), &std::free );
+    record.push_back( std::string( "needs " ) + name.get() );
+    find<void( InPackageInit*, const std::type_info* )>( RTLD_NEXT, ADD_DEPENDENCY )( package, needed );
+}
+
+void recordEnd( InPackageInit* package ) STANDS_FOR( PACKAGE_DESTRUCTOR );
+void recordEnd( InPackageInit* package )
+{
+    record.push_back( std::string( "gone " ) + package->InPackageInit::getName() );
+    find<void( InPackageInit* )>( RTLD_NEXT, PACKAGE_DESTRUCTOR )( package );
+}
+
+TraceLevel* recordLevel( const char* name, const char* file ) STANDS_FOR( REGISTER_LEVEL );
+TraceLevel* recordLevel( const char* name, const char* file )
+{
+    record.push_back( std::string( "level " ) + name + " " + file );
+    return find<TraceLevel*( const char*, const char* )>( RTLD_NEXT, REGISTER_LEVEL )( name, file );
+}
+
+// The tests -----------------------------------------------------------------------------------------------------------
+
+namespace
+{
+
+using Library = std::unique_ptr<void, int ( * )( void* )>;
+
+Library load( const char* path, int flags = RTLD_NOW | RTLD_LOCAL )
+{
+    return Library( dlopen( path, flags ), &dlclose );
+}
+
+/// At the end the registry and the records are those of libZQbase alone.
+class Loading : public ::testing::Test
+{
+protected:
+    void SetUp() override { record.clear(); }
+    void TearDown() override
+    {
+        EXPECT_FALSE( load( ZQ_PRIMITIVES_LIBRARY, RTLD_NOW | RTLD_NOLOAD ) );
+        EXPECT_FALSE( load( ZQ_RESMGT_LIBRARY, RTLD_NOW | RTLD_NOLOAD ) );
+        EXPECT_EQ( InPackageRegistry::getNbPackages(), 0U );
+        EXPECT_EQ( DbgBuildInfoUtil::getNbInfos(), 0U );
+        InPackageRegistry::shutdown(); // nobody there to be called
+    }
+};
+
+TEST_F( Loading, PackagesAndLevelsComeInOrderAndGoInReverse )
+{
+    const Record whole = { "package color", "needs Zq::InInit<Zq::ZqInit::base>",
+        "level Geometry src/primitives/geFloatingCone", "level GeFrustum src/primitives/geFrustum.imp",
+        "level GeShaft src/primitives/geShaft", "package geometry", "needs Zq::InInit<Zq::ZqInit::base>",
+        "package primitives", "needs Zq::InInit<Zq::ZqInit::color>", "needs Zq::InInit<Zq::ZqInit::geometry>",
+        "needs Zq::InInit<Zq::ZqInit::resmgt>", "needs Zq::InInit<Zq::ZqInit::base>", "gone primitives",
+        "gone geometry", "gone color" };
+    TraceLevel* level = nullptr;
     for ( int round = 0; round < 3; ++round )
     {
+        record.clear();
         {
-            const LoadedLibrary library( ZQ_PRIMITIVES_LIBRARY );
-            EXPECT_EQ( ZqTest::takeRecord(), LOAD ) << "round " << round;
+            const Library library = load( ZQ_PRIMITIVES_LIBRARY );
+            const Library again = load( ZQ_USER_LIBRARY );
+            EXPECT_EQ( record.size() + 3, whole.size() );
             InPackageRegistry::initialize();
-            EXPECT_EQ( ZqTest::takeRecord(), std::vector<std::string>{} );
+            // a level outlives the library that named it, and stays as it was switched
+            level = Trace::findLevel( "GeFrustum" );
+            ASSERT_NE( level, nullptr );
+            EXPECT_EQ( level->isEnabled(), round > 0 );
+            level->setEnabled( true );
         }
-        EXPECT_EQ( ZqTest::takeRecord(), UNLOAD ) << "round " << round;
+        EXPECT_EQ( record, whole ) << "round " << round;
+        EXPECT_EQ( Trace::findLevel( "GeFrustum" ), level );
+        EXPECT_STREQ( level->getSourceFile(), "src/primitives/geFrustum.imp" );
     }
-    expectNothingLeft();
+    level->setEnabled( false );
 }
 
-TEST( Loading, ALibraryLoadedTwiceIsThereOnce )
+TEST_F( Loading, TheBuildRecordAppearsWithInitialisation )
 {
-    ZqTest::takeRecord();
+    const Library library = load( ZQ_PRIMITIVES_LIBRARY );
+    for ( const char* name : { "color", "geometry", "primitives" } )
     {
-        const LoadedLibrary library( ZQ_PRIMITIVES_LIBRARY );
-        {
-            const LoadedLibrary user( ZQ_USER_LIBRARY );
-            EXPECT_EQ( ZqTest::takeRecord(), LOAD );
-        }
-        EXPECT_TRUE( ZqTest::takeRecord().empty() );
-        EXPECT_EQ( InPackageRegistry::getNbPackages(), 3U );
+        EXPECT_FALSE( DbgBuildInfoUtil::findInfo( "libZQprimitives" ) ) << name;
+        InPackageInit* const package = InPackageRegistry::findPackage( name );
+        ASSERT_NE( package, nullptr ) << name;
+        EXPECT_TRUE( package->setInitialized( true ) && !package->setInitialized( false ) ) << name;
+        package->initialize();
     }
-    EXPECT_EQ( ZqTest::takeRecord(), UNLOAD );
-    expectNothingLeft();
+    const ObjPtr<DbgBuildInfo> info = DbgBuildInfoUtil::findInfo( "libZQprimitives" );
+    ASSERT_TRUE( info );
+    for ( const bool longForm : { false, true } ) // only the label knows a long form
+    {
+        EXPECT_STREQ( info->getLibraryName( longForm ), "libZQprimitives" );
+        EXPECT_STREQ( info->getBuildLabel( longForm ), longForm ? "Harbinset-Vorlane_187" : "P. 187" );
+        EXPECT_STREQ( info->getBuildDate( longForm ), "Feb  7 2005" );
+        EXPECT_STREQ( info->getBuildConfiguration( longForm ), "WinNT_ostore_debug" );
+        EXPECT_STREQ( info->getBuilder( longForm ), ZQ_EXPECTED_BUILDER );
+        EXPECT_STREQ( info->getInformation( longForm ), "[Information not available]" );
+    }
+    EXPECT_STREQ( info->getProjectName(), "Vorlane" );
+    EXPECT_EQ( info->getMajorVersion(), 0 );
+    EXPECT_EQ( info->getMinorVersion(), 2 );
+    EXPECT_STREQ( info->getReleaseStage(), "pre-alpha" );
 }
 
-TEST( Loading, AThousandCyclesLeaveNothingBehind )
+TEST_F( Loading, AThousandCyclesLeaveNothingBehind )
 {
-    const auto cycle = []( int number )
+    std::size_t before = 0;
+    for ( int i = 0; i < 1020; ++i )
     {
-        const LoadedLibrary user( ZQ_USER_LIBRARY );
-        ASSERT_EQ( InPackageRegistry::getNbPackages(), 3U );
-        ASSERT_EQ( DbgBuildInfoUtil::getNbInfos(), 0U );
-        InPackageRegistry::initialize();
-        ASSERT_STREQ( DbgBuildInfoUtil::findInfo( "libZQprimitives" )->getBuildLabel( true ), "Harbinset-Vorlane_187" );
-        ASSERT_EQ( user.find<decltype( zqUserLength )>( "zqUserLength" )( 2, 3, 6 ), 7 );
-        ASSERT_TRUE( user.find<decltype( zqUserHasIdentities )>( "zqUserHasIdentities" )() );
-        ASSERT_THROW( user.find<decltype( zqUserReport )>( "zqUserReport" )(), AssertionException );
-        if ( number % 2 == 0 ) // a program may or may not shut down first
+        record.clear();
+        if ( i == 20 ) // what is made once is made
+            before = mallinfo2().uordblks;
+        std::string text;
+        try
         {
-            InPackageRegistry::shutdown();
-            ASSERT_FALSE( InPackageRegistry::isInitialized( *InPackageRegistry::findPackage( "primitives" ) ) );
+            const Library user = load( ZQ_USER_LIBRARY );
+            ASSERT_EQ( InPackageRegistry::getNbPackages(), 3U );
+            InPackageRegistry::initialize();
+            ASSERT_EQ( DbgBuildInfoUtil::getNbInfos(), 1U );
+            ASSERT_TRUE( find<bool()>( user.get(), "zqUserSeesIdentities" )() );
+            if ( i % 2 ) // a program may or may not shut down first
+                InPackageRegistry::shutdown();
+            find<void()>( user.get(), "zqUserReport" )();
         }
-    };
-    for ( int i = 0; i < 20 && !HasFatalFailure(); ++i )
-        cycle( i );
-    ZqTest::takeRecord();
-    const std::size_t before = mallinfo2().uordblks;
-    for ( int i = 0; i < 1000 && !HasFatalFailure(); ++i )
-    {
-        cycle( i );
-        ZqTest::takeRecord();
+        catch ( const AssertionException& report ) // outlives the library that made it
+        {
+            text = report.what();
+        }
+        ASSERT_NE( text.find( "assertion failed: len > 0" ), std::string::npos ) << text;
     }
     // Less than one small object a cycle; a sanitizer's allocator answers 0 and finds leaks by itself.
     EXPECT_LT( mallinfo2().uordblks, before + 16000 );
-    expectNothingLeft();
-}
-
-TEST( Loading, LevelsOutliveTheLibraryThatNamedThem )
-{
-    const char* const names[] = { "Geometry", "GeFrustum", "GeShaft" };
-    std::vector<TraceLevel*> levels;
-    {
-        const LoadedLibrary library( ZQ_PRIMITIVES_LIBRARY );
-        for ( const char* name : names )
-        {
-            levels.push_back( Trace::findLevel( name ) );
-            ASSERT_NE( levels.back(), nullptr );
-            EXPECT_FALSE( levels.back()->isEnabled() );
-        }
-        levels[1]->setEnabled( true );
-    }
-    expectNothingLeft();
-    EXPECT_STREQ( levels[1]->getName(), "GeFrustum" );
-    EXPECT_STREQ( levels[1]->getSourceFile(), "src/primitives/geFrustum.imp" );
-    {
-        const LoadedLibrary library( ZQ_PRIMITIVES_LIBRARY );
-        EXPECT_EQ( Trace::findLevel( "GeFrustum" ), levels[1] );
-        EXPECT_TRUE( levels[1]->isEnabled() ) << "a level stays as it was switched";
-        levels[1]->setEnabled( false );
-    }
-}
-
-TEST( Loading, AReportOutlivesTheLibraryThatMadeIt )
-{
-    std::string what;
-    try
-    {
-        const LoadedLibrary user( ZQ_USER_LIBRARY );
-        user.find<decltype( zqUserReport )>( "zqUserReport" )();
-        ADD_FAILURE() << "no report";
-    }
-    catch ( const AssertionException& report )
-    {
-        EXPECT_EQ( report.getExpression(), "len > 0" );
-        EXPECT_EQ( report.getFile().rfind( "src/primitives/", 0 ), 0U );
-        what = report.what();
-    }
-    EXPECT_NE( what.find( "len > 0" ), std::string::npos );
-    expectNothingLeft();
 }
 
 } // namespace

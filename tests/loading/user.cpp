@@ -1,24 +1,13 @@
 // A library that uses libZQprimitives, so that loading it loads and unloading it unloads that one, too.
 
-#include "user.h"
-
 #include <zq/primitives/geVector3.h>
 #include <zq/primitives/packages.h>
 #include <zq/resmgt/packages.h>
 
 #include <typeinfo>
 
-double zqUserLength( double x, double y, double z )
-{
-    return Zq::GeVector3<double>( x, y, z ).length();
-}
-
-void zqUserReport()
-{
-    static_cast<void>( Zq::GeUnitVector3<float>( 0, 0, 0 ) );
-}
-
-int zqUserHasIdentities()
+/// Whether the packages' identities are those that this library sees.
+extern "C" __attribute__( ( visibility( "default" ) ) ) bool zqUserSeesIdentities()
 {
     using namespace Zq;
     return InInit<ZqInit::color>::getType() == &typeid( InInit<ZqInit::color> ) &&
@@ -26,4 +15,10 @@ int zqUserHasIdentities()
         InInit<ZqInit::primitives>::getType() == &typeid( InInit<ZqInit::primitives> ) &&
         InInit<ZqInit::resmgt>::getType() == &typeid( InInit<ZqInit::resmgt> ) &&
         InInit<ZqInit::base>::getType() == &typeid( InInit<ZqInit::base> );
+}
+
+/// Violates a check of the library.
+extern "C" __attribute__( ( visibility( "default" ) ) ) void zqUserReport()
+{
+    static_cast<void>( Zq::GeUnitVector3<float>( 0, 0, 0 ) );
 }

@@ -1,0 +1,529 @@
+// The three cones, from the directions and points of a cluster to the two regions of viewpoints. Single precision only,
+// and measured in double.
+
+#include "support/collectingTraceManager.h"
+#include "support/random.h"
+#include "support/report.h"
+#include "support/scalars.h"
+
+#include <zq/primitives/geAnchoredConeBuilder.h>
+#include <zq/primitives/geCullingCones.h>
+#include <zq/primitives/geFloatingConeBuilder.h>
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <sstream>
+
+using namespace Zq;
+using ZqTest::Random;
+
+namespace
+{
+
+using Unit = GeUnitVector3<float>;
+using Vector = GeVector3<float>;
+using Point = GePoint3<float>;
+using Wide = GeVector3<double>;
+
+const Unit X( 1, 0, 0 );
+const Unit Z( 0, 0, 1 );
+constexpr float SPHERE = 3.1415927410125732F;
+constexpr float QUARTER_PI = 0.785398163F;
+constexpr double RIGHT_ANGLE = 1.5707963267948966;
+
+// Of a vector, point or unit vector.
+template <class V>
+Wide widen( const V& v )
+{
+    return { v.getX(), v.getY(), v.getZ() };
+}
+
+GeFloatingCone build( const std::vector<Unit>& directions )
+{
+    GeFloatingConeBuilder builder;
+    for ( const Unit& direction : directions )
+        builder( direction );
+    return builder.createCone();
+}
+
+GeAnchoredConeBuilder collect( const std::vector<Point>& points )
+{
+    GeAnchoredConeBuilder builder( 0 );
+    UnaryFunctor<Point, bool>& functor = builder;
+    for ( const Point& point : points )
+        EXPECT_TRUE( functor( point ) );
+    return builder;
+}
+
+// Expects that two objects are equal within tolerances beyond these two, and not at them; 0: there is no difference.
+template <class Cone>
+void expectDifference( const Cone& a, const Cone& b, float first, float second )
+{
+    EXPECT_EQ( a == b, first == 0 && second == 0 );
+    EXPECT_NE( a == b, a != b );
+    EXPECT_TRUE( a.isEqual( b, first * 1.5F + 0.001F, second * 1.5F + 0.001F ) );
+    EXPECT_FALSE( a.isEqual( b, first, 10 ) || a.isEqual( b, 10, second ) );
+}
+
+TEST( Cones, ComparisonsAndTexts )
+{
+    const GeFloatingCone cone( Z, 0.5F ), turned( X, 0.5F ), wider( Z, 0.75F );
+    expectDifference( cone, cone, 0, 0 );
+    expectDifference( cone, wider, 0, 0.25F );
+    expectDifference( cone, { Unit( 0.6F, 0, 0.8F ), 0.5F }, 0.5F, 0 );
+
+    // the axis is not looked at
+    const Point p( 1, 2, 3 ), moved( 1, 2.25F, 3 );
+    const GeAnchoredCone anchored( cone, p, 4, 5 );
+    expectDifference( anchored, { turned, p, 4, 5 }, 0, 0 );
+    expectDifference( anchored, { cone, moved, 4, 5 }, 0.25F, 0 );
+    expectDifference( anchored, { cone, p, 4.25F, 5 }, 0.25F, 0 );
+    expectDifference( anchored, { cone, p, 4, 5.25F }, 0.25F, 0 );
+    expectDifference( anchored, { wider, p, 4, 5 }, 0, 0.3F ); // the tangents differ by 0.385
+
+    const GeCullingCones cones( cone, p, 4 );
+    expectDifference( cones, { turned, p, 4 }, 0, 0 );
+    expectDifference( cones, { cone, moved, 4 }, 0.25F, 0 );
+    expectDifference( cones, { cone, p, 4.25F }, 0.25F, 0 );
+    expectDifference( cones, { wider, p, 4 }, 0, 0.2F ); // the cosines differ by 0.202
+    EXPECT_EQ( GeCullingCones(), GeCullingCones( { Z, 4 }, Point(), 0 ) );
+    EXPECT_EQ( GeCullingCones().getFloatingCone(), build( {} ) );
+
+    std::ostringstream os;
+    os << GeFloatingCone( X, SPHERE ) << GeCullingCones( { Z, 3 }, Point( 1, 2.5F, 3 ), 4 );
+    EXPECT_EQ( os.str(),
+        "floatingCone( axis=(1, 0, 0), alpha=3.14159 )"
+        "cullingCones( backfacingApex=(1, 2.5, 3), frontfacingOffset=4, cosBeta=-1, "
+        "floatingCone( axis=(0, 0, 1), alpha=3 ) )" );
+}
+
+// Normals -------------------------------------------------------------------------------------------------------------
+
+TEST( FloatingCone, AngleLimitsAndContainment )
+{
+    const float nan = ZqTest::nan<float>;
+    EXPECT_FALSE( GeFloatingCone( Z, 3.1415925F ).isSphere() || GeFloatingCone( Z, nan ).isSphere() );
+    EXPECT_TRUE( GeFloatingCone( Z, SPHERE ).isSphere() );
+    const float sine = FloatUtil::sin( 0.5F );
+    const float cosine = FloatUtil::cos( 0.5F );
+    EXPECT_TRUE( GeFloatingCone( Z, 0.5F ).contains( Unit( sine, 0, cosine, GE_TRUSTED ) ) );
+    EXPECT_FALSE( GeFloatingCone( Z, 0.5F ).contains( Unit( sine, 0, std::nextafter( cosine, 0.0F ), GE_TRUSTED ) ) );
+    EXPECT_FALSE( GeFloatingCone( Z, nan ).contains( Z ) );
+    EXPECT_FALSE( GeFloatingCone( Z, ZqTest::infinity<float> ).contains( Z ) ); // its cosine is NaN
+}
+
+TEST( FloatingCone, ExpandMakesTheSmallestConeAboutTwo )
+{
+    Random random( 2 );
+    for ( int i = 0; i < 2000; ++i )
+    {
+        const GeFloatingCone a( random.direction<float>(), random.uniform( 0.0F, 1.5F ) );
+        const GeFloatingCone b( random.direction<float>(), random.uniform( 0.0F, 1.5F ) );
+        const double between = widen( a.getAxis() ).computeAngle( widen( b.getAxis() ) );
+        if ( between < 0.2 || between > 2.6 || std::fabs( a.getSemiAngle() - b.getSemiAngle() ) > between )
+            continue;
+        GeFloatingCone grown = a;
+        grown.expand( b );
+        const double semiAngle = grown.getSemiAngle();
+        EXPECT_NEAR( 2 * semiAngle, between + a.getSemiAngle() + b.getSemiAngle(), 4e-6 );
+        // both are touched from inside, and on opposite sides: their axes are no farther apart than these two angles
+        for ( const GeFloatingCone& part : { a, b } )
+        {
+            const double turn = widen( grown.getAxis() ).computeAngle( widen( part.getAxis() ) );
+            EXPECT_NEAR( turn, semiAngle - part.getSemiAngle(), 4e-6 );
+        }
+    }
+}
+
+TEST( FloatingCone, ExpandAtItsLimits )
+{
+    const float tilted = std::sqrt( 1 - 0.81F );
+    const Unit justBefore( tilted, 0, -0.9F, GE_TRUSTED );
+    const Unit justBeyond( tilted, 0, std::nextafter( -0.9F, -1.0F ), GE_TRUSTED );
+    const float exact = 1e-30F;
+    struct Row
+    {
+        GeFloatingCone cone, other, expected;
+        float tolerance;
+    };
+    for ( const Row& row : {
+              Row{ { Z, SPHERE }, { X, 0.5F }, { Z, SPHERE }, exact },
+              Row{ { Z, 4.0F }, { X, SPHERE }, { Z, 4.0F }, exact },
+              Row{ { Z, 0.5F }, { X, SPHERE }, { Z, SPHERE }, exact },
+              Row{ { Z, 0.1F }, { justBeyond, 0.1F }, { Z, SPHERE }, exact },
+              Row{ { Z, 0.1F }, { justBefore, 0.1F }, { Unit( 0.974679F, 0, 0.223607F ), 1.4452834F }, 1e-5F },
+              Row{ { Z, 1.0F }, { Z, 0.1F }, { Z, 0.55F }, 1e-6F }, // containment is not looked at
+              Row{ { Z, 3.0F }, { X, 3.0F }, { Unit( 1, 0, 1 ), 3 + QUARTER_PI }, 1e-6F }, // there is no limit
+          } )
+    {
+        GeFloatingCone cone = row.cone;
+        cone.expand( row.other );
+        EXPECT_TRUE( cone.isEqual( row.expected, row.tolerance, row.tolerance ) ) << cone << row.expected;
+    }
+    for ( const float bad : { ZqTest::nan<float>, -ZqTest::infinity<float> } )
+    {
+        GeFloatingCone cone( Z, 0.5F );
+        EXPECT_REPORT( cone.expand( GeFloatingCone( X, bad ) ), "src/primitives/geFloatingCone", "len > 0" );
+        EXPECT_EQ( cone, GeFloatingCone( Z, 0.5F ) ); // a report comes before anything is stored
+    }
+}
+
+TEST( FloatingCone, ExpandByItselfShowsTheRoundingOfTheAxis )
+{
+    TraceLevel* const level = Trace::findLevel( "Geometry" );
+    ASSERT_TRUE( level );
+    ZqTest::CollectingTraceManager traces;
+    Random random( 4 );
+    int sawOrder = 0;
+    for ( int i = 0; i < 3000; ++i )
+    {
+        const Unit axis = random.direction<float>();
+        const float x = axis.getX(), y = axis.getY(), z = axis.getZ();
+        const float square = z * z + y * y + x * x;
+        sawOrder += ( square > 1 ) != ( x * x + y * y + z * z > 1 );
+        level->setEnabled( i % 2 );
+        GeFloatingCone cone( axis, 0.5F );
+        cone.expand( cone );
+        EXPECT_NEAR( cone.getSemiAngle(), square < 1 ? 0.5003 : 0.5, square < 1 ? 0.0002 : 0 );
+        // a cosine above one is traced
+        ASSERT_EQ( traces.messages.size(), i % 2 && square > 1 ? 1U : 0U );
+        if ( !traces.messages.empty() )
+        {
+            EXPECT_EQ( traces.messages[0].rfind( "src/primitives/geFloatingCone:", 0 ), 0U );
+            EXPECT_NE( traces.messages[0].find( ": dotAxis=1\n" ), std::string::npos );
+        }
+        traces.messages.clear();
+    }
+    level->setEnabled( false );
+    EXPECT_GT( sawOrder, 0 ) << "no input tells the order of the sum";
+}
+
+TEST( FloatingConeBuilder, TheConeHoldsEveryDirectionAndNoMoreThanThat )
+{
+    Random random( 5 );
+    for ( int i = 0; i < 3000; ++i )
+    {
+        const Unit middle = random.direction<float>();
+        const float spread = random.uniform( 0.01F, 1.6F );
+        std::vector<Unit> directions;
+        Wide low( 2, 2, 2 ), high( -2, -2, -2 );
+        for ( int count = 1 + random.index( 20 ); count > 0; --count )
+        {
+            directions.emplace_back( middle + random.direction<float>() * ( spread * random.uniform( 0.0F, 1.0F ) ) );
+            low = Wide::computeMin( low, widen( directions.back() ) );
+            high = Wide::computeMax( high, widen( directions.back() ) );
+        }
+        const GeFloatingCone cone = build( directions );
+        const bool holdsOrigin = Wide::computeMax( Wide::computeMax( low, -high ), Wide() ) == Wide();
+        ASSERT_EQ( cone == GeFloatingCone( Z, SPHERE ), holdsOrigin );
+        if ( holdsOrigin )
+            continue;
+        const Wide axis = widen( cone.getAxis() );
+        EXPECT_LE( axis.computeAngle( low + high ), 5e-7 );
+        double smallest = 1;
+        for ( const Unit& direction : directions )
+            smallest = std::min( smallest, axis.dot( widen( direction ) ) );
+        EXPECT_NEAR( smallest, std::cos( static_cast<double>( cone.getSemiAngle() ) ), 5e-7 );
+    }
+}
+
+TEST( FloatingConeBuilder, NamedSets )
+{
+    const auto trusted = []( float x, float y, float z ) { return Unit( x, y, z, GE_TRUSTED ); };
+    EXPECT_EQ( build( { X } ), GeFloatingCone( X, 0 ) );
+    // nothing, opposites, a box that touches the origin, no direction, a centre whose squares underflow
+    const std::vector<Unit> spheres[] = {
+        {}, { X, -X }, { X, Unit( 0, 1, 0 ) }, { Unit() }, { trusted( 1e-30F, 1, 0 ), trusted( 1e-30F, -1, 0 ) } };
+    for ( const std::vector<Unit>& directions : spheres )
+        EXPECT_EQ( build( directions ), GeFloatingCone( Z, SPHERE ) ) << directions.size();
+    // a direction against the axis, although the box misses the origin: all directions, and the axis is kept
+    const float half = 0.7071071F; // a little long: the product must not be rounded above -1
+    const std::vector<Unit> against{
+        trusted( -half, -half, 1e-20F ), trusted( 1, 0, 1e-20F ), trusted( 0, 1, 1e-20F ) };
+    EXPECT_TRUE( build( against ).isEqual( { Unit( 1, 1, 0 ), SPHERE }, 1e-6F, 1e-30F ) );
+
+    // createCone() and reset() forget the directions
+    GeFloatingConeBuilder builder( 0 );
+    builder( Z );
+    builder.reset();
+    builder( X );
+    EXPECT_EQ( builder.createCone(), GeFloatingCone( X, 0 ) );
+    EXPECT_TRUE( builder.createCone().isSphere() );
+}
+
+// Points --------------------------------------------------------------------------------------------------------------
+
+// In double and by another route: a point's excess is how far it is from where the ray from the axis to it leaves the cone.
+GeAnchoredCone fit( const std::vector<Point>& points, const GeFloatingCone& cone )
+{
+    const Wide a = widen( cone.getAxis() );
+    int smallest = 0;
+    for ( int i : { 1, 2 } )
+        smallest = std::fabs( a[i] ) <= std::fabs( a[smallest] ) ? i : smallest;
+    Wide frameAxis;
+    frameAxis[smallest] = 1;
+    const Wide v = a.cross( frameAxis ).computeUnit();
+    const Wide u = v.cross( a ).computeUnit();
+
+    const Wide bottom = widen( *std::min_element( points.begin(), points.end(),
+        [&a]( const Point& p, const Point& q ) { return widen( p ).dot( a ) < widen( q ).dot( a ); } ) );
+    std::vector<Wide> excesses;
+    Wide low, high;
+    double top = 0;
+    for ( const Point& point : points )
+    {
+        const double height = ( widen( point ) - bottom ).dot( a );
+        const Wide sideways = widen( point ) - bottom - a * height;
+        const double excess = sideways.length() - height * std::tan( cone.getSemiAngle() );
+        top = std::max( top, height );
+        if ( excess <= 0 )
+            continue;
+        const Wide direction = sideways.computeUnit();
+        excesses.push_back( Wide( direction.dot( u ), direction.dot( v ), 0 ) * excess );
+        low = Wide::computeMin( low, excesses.back() );
+        high = Wide::computeMax( high, excesses.back() );
+    }
+    const Wide middle = ( low + high ) * 0.5;
+    double radius = 0;
+    for ( const Wide& excess : excesses )
+        radius = std::max( radius, ( excess - middle ).length() );
+    const Wide center = bottom + u * middle.getX() + v * middle.getY();
+    return { cone, Point( Vector( center ) ), static_cast<float>( radius ), static_cast<float>( top ) };
+}
+
+TEST( AnchoredConeBuilder, FitsAsAReferenceDoes )
+{
+    Random random( 1 );
+    for ( int i = 0; i < 3000; ++i )
+    {
+        // half of the axes have components of equal size: the ties of the frame
+        const auto pick = [&random] { return static_cast<float>( random.index( 5 ) - 2 ); };
+        const Vector tied( pick(), pick(), pick() );
+        const Unit axis = i % 2 || tied == Vector() ? random.direction<float>() : Unit( tied );
+        std::vector<Point> points;
+        for ( int count = 1 + random.index( 12 ); count > 0; --count )
+            points.push_back( random.point<float>( 1 ) );
+        const GeFloatingCone cone( axis, random.uniform( 0.0F, 1.2F ) );
+        const GeAnchoredCone built = collect( points ).createCone( cone );
+        EXPECT_EQ( built.getFloatingCone(), cone );
+        EXPECT_TRUE( built.isEqual( fit( points, cone ), 1e-5F, 1e-30F ) );
+    }
+}
+
+TEST( AnchoredConeBuilder, NamedSets )
+{
+    const GeFloatingCone cone( Z, 0.5F );
+    const auto fitted = [&cone]( const std::vector<Point>& points ) { return collect( points ).createCone( cone ); };
+    const Point a( 0, 0, 0 ), b( 1, 0.5F, 0 ), c( 0.5F, 1, 0 ), top( 0, 0, 5 ), bad( ZqTest::nan<float>, 0, 0 );
+    EXPECT_EQ( fitted( { b } ), GeAnchoredCone( cone, b, 0, 0 ) );
+    EXPECT_EQ( fitted( { bad, a, top, bad } ), GeAnchoredCone( cone, a, 0, 5 ) ) << "NaN is neither low nor outside";
+    // Of equal projections the first is the bottom point, and only excesses count for the radius. Seen from a the
+    // bottom point itself is farther from the middle than both excesses; seen from b one excess is far.
+    const Point middle( 0.5F, 0.5F, 0 );
+    EXPECT_TRUE( fitted( { a, b, c } ).isEqual( { cone, middle, 0.5F, 0 }, 1e-6F, 1e-6F ) );
+    EXPECT_TRUE( fitted( { b, a, c } ).isEqual( { cone, middle, 0.7071068F, 0 }, 1e-6F, 1e-6F ) );
+    // no projection is below the largest float
+    const std::vector<Point> high{ bad, Point( 0, 0, INFINITY ), Point( 0, 0, std::numeric_limits<float>::max() ) };
+    EXPECT_REPORT( fitted( high ), "src/primitives/geAnchoredConeBuilder", "bottomIndex != -1" );
+
+    // Without reset() the next cone is another: of what the first call left, its two excesses, in the frame u = y,
+    // v = -x, then the untouched tail. A report leaves the points as they were.
+    const std::vector<Point> points{ Point( 4, 0, 0 ), Point( 6, 0, 0 ), Point( 4, 2, 1 ) };
+    const std::vector<Point> left{ Point( 0, -2, 0 ), Point( 2 - FloatUtil::tan( 0.5F ), 0, 0 ), points[2] };
+    GeAnchoredConeBuilder builder = collect( points );
+    EXPECT_REPORT( builder.createCone( { Unit(), 0.5F } ), "src/primitives/geAnchoredConeBuilder", "len > 0" );
+    EXPECT_EQ( builder.createCone( cone ), fitted( points ) );
+    EXPECT_EQ( builder.createCone( cone ), fitted( left ) );
+    builder.reset();
+    builder( b );
+    EXPECT_EQ( builder.createCone( cone ), fitted( { b } ) );
+}
+
+// Viewpoints ----------------------------------------------------------------------------------------------------------
+
+using Face = std::array<Point, 3>; // counter-clockwise, seen from the front
+using Cluster = std::vector<Face>;
+
+// How far the eye is in front of the face's plane.
+double computeFacing( const Face& face, const Point& eye )
+{
+    const Wide origin = widen( face[0] );
+    const Wide normal = ( widen( face[1] ) - origin ).cross( widen( face[2] ) - origin ).computeUnit();
+    return normal.dot( widen( eye ) - origin );
+}
+
+GeCullingCones build( const Cluster& cluster )
+{
+    std::vector<Unit> normals;
+    std::vector<Point> points;
+    for ( const Face& face : cluster )
+    {
+        normals.emplace_back( ( face[1] - face[0] ).cross( face[2] - face[0] ) );
+        points.insert( points.end(), face.begin(), face.end() );
+    }
+    return GeCullingCones( collect( points ).createCone( build( normals ) ) );
+}
+
+// Whether a corner of the face lies in the cone that grants a right answer; see the class comment. The tip is lowered
+// by a trifle, because the corners that decide the bottom disc lie on the surface of that cone.
+bool isGranted( const GeCullingCones& cones, const Face& face )
+{
+    const GeFloatingCone& cone = cones.getFloatingCone();
+    const GeCullingCones mirrored( cone, cones.getBackfacingApex() - cone.getAxis() * 2e-6F, 0 );
+    return std::any_of(
+        face.begin(), face.end(), [&mirrored]( const Point& corner ) { return mirrored.isInFront( corner ); } );
+}
+
+// A turned patch of squares with random heights; loose: its triangles are scattered.
+Cluster makeHeightField( Random& random, bool isLoose )
+{
+    const Unit up = random.direction<float>();
+    const Unit right( up.cross( random.direction<float>() ) );
+    const Vector forward = up.cross( right );
+    const float steepness = random.uniform( 0.05F, 1.5F );
+    Point grid[5][5];
+    for ( int i = 0; i < 25; ++i )
+    {
+        const Vector level = right * static_cast<float>( i / 5 ) + forward * static_cast<float>( i % 5 );
+        grid[i / 5][i % 5] = Point( level + up * ( random.uniform( -0.5F, 0.5F ) * steepness ) );
+    }
+    Cluster cluster;
+    for ( int i = 0; i < 32; ++i )
+    {
+        const Point* const row = &grid[i / 8][i / 2 % 4];
+        const Point* const next = &grid[i / 8 + 1][i / 2 % 4];
+        cluster.push_back( i % 2 ? Face{ row[0], next[0], next[1] } : Face{ row[0], next[1], row[1] } );
+        const Vector offset = random.vector<float>( isLoose ? 1.0F : 0.0F );
+        for ( Point& corner : cluster.back() )
+            corner += offset;
+    }
+    return cluster;
+}
+
+// A viewpoint in one of the regions, often close to its surface or its tip.
+Point makeEye( Random& random, const GeCullingCones& cones, bool isFront )
+{
+    const Unit& axis = cones.getFloatingCone().getAxis();
+    const Unit sideways( axis.cross( random.direction<float>() ) );
+    const float angle = cones.getCullingSemiAngle() * std::min( 0.9999F, random.uniform( 0.0F, 2.0F ) );
+    const Vector offset =
+        ( axis * std::cos( angle ) + sideways * std::sin( angle ) ) * std::pow( 10.0F, random.uniform( -3.0F, 1.0F ) );
+    return isFront ? cones.getBackfacingApex() + axis * cones.getFrontfacingOffset() + offset
+                   : cones.getBackfacingApex() - offset;
+}
+
+TEST( CullingCones, AnswersAreRightUpTo45DegreesAndWhereGranted )
+{
+    Random random( 1 );
+    const double bound = 1e-5; // the clusters are a few units wide
+    int nbAnswers[2] = {};     // up to 45 degrees, and wider
+    int nbWrong = 0;
+    for ( int i = 0; i < 3000; ++i )
+    {
+        const bool isLoose = i % 3 == 0;
+        const Cluster cluster = makeHeightField( random, isLoose );
+        const GeCullingCones cones = build( cluster );
+        const bool isWide = cones.getFloatingCone().getSemiAngle() > QUARTER_PI;
+        for ( int k = 0; k < 20 && cones.getCosBeta() > 0; ++k )
+        {
+            const Point behind = makeEye( random, cones, false );
+            const Point front = makeEye( random, cones, true );
+            const bool isBehind = cones.isBehind( behind );
+            const bool isInFront = cones.isInFront( front );
+            nbAnswers[isWide] += isBehind + isInFront;
+            for ( const Face& face : cluster )
+            {
+                const bool isWrong = isBehind && computeFacing( face, behind ) > bound;
+                nbWrong += isWrong;
+                EXPECT_FALSE( isWrong && isGranted( cones, face ) );
+                if ( !isWide && !isLoose )
+                {
+                    EXPECT_FALSE( isWrong || ( isInFront && computeFacing( face, front ) < -bound ) );
+                    EXPECT_TRUE( isGranted( cones, face ) );
+                }
+            }
+        }
+    }
+    EXPECT_GT( nbAnswers[0], 10000 );
+    EXPECT_GT( nbAnswers[1], 10000 );
+    EXPECT_GT( nbWrong, 0 ) << "cones wider than 45 degrees go wrong";
+}
+
+TEST( CullingCones, RegionsOpenFromApexesThatSeeTheRimsAtTheirAngles )
+{
+    Random random( 3 );
+    for ( int i = 0; i < 5000; ++i )
+    {
+        const Wide axis = widen( random.direction<float>() );
+        const float alpha = random.uniform( 0.2F, 1.2F );
+        const GeAnchoredCone cone( { Unit( Vector( axis ) ), alpha }, random.point<float>( 1 ),
+            random.uniform( 0.5F, 2.0F ), random.uniform( 0.5F, 2.0F ) );
+        const Wide sideways = axis.cross( widen( random.direction<float>() ) ).computeUnit();
+        const Wide bottomRim = widen( cone.getBottomCenter() ) + sideways * cone.getBottomRadius();
+        const Wide topRim = widen( cone.getBottomCenter() ) + axis * cone.getHeight() + sideways * cone.getTopRadius();
+        const auto angle = [&axis]( const Point& apex, const Wide& p )
+        { return axis.computeAngle( p - widen( apex ) ); };
+        const Point back = cone.getBackfacingApex(), front = cone.getFrontfacingApex();
+        const double beta = RIGHT_ANGLE - alpha;
+        EXPECT_NEAR( angle( cone.getApex(), bottomRim ), alpha, 1e-5 );
+        EXPECT_NEAR( angle( cone.getApex(), topRim ), alpha, 1e-5 );
+        EXPECT_NEAR( angle( back, bottomRim ), beta, 1e-5 );
+        EXPECT_NEAR( angle( front, topRim ), 2 * RIGHT_ANGLE - beta, 1e-5 );
+
+        const GeCullingCones cones( cone );
+        const Point p = random.point<float>( 8 );
+        const double behind = 2 * RIGHT_ANGLE - angle( back, widen( p ) ) - beta;
+        const double ahead = angle( front, widen( p ) ) - beta;
+        EXPECT_EQ( cones.getFloatingCone(), cone.getFloatingCone() );
+        EXPECT_NEAR( cones.getCullingSemiAngle(), beta, 3e-5 );
+        EXPECT_TRUE( cones.isBehind( p ) == ( behind < 0 ) || std::fabs( behind ) < 1e-4 );
+        EXPECT_TRUE( cones.isInFront( p ) == ( ahead < 0 ) || std::fabs( ahead ) < 1e-4 );
+    }
+    // nothing is guarded
+    EXPECT_EQ( GeAnchoredCone( { Z, 0 }, Point(), 1, 1 ).getApexDistance(), ZqTest::infinity<float> );
+    EXPECT_TRUE( std::isnan( GeAnchoredCone( { Z, 0 }, Point(), 0, 1 ).getApexDistance() ) );
+}
+
+TEST( CullingCones, NamedViewpoints )
+{
+    const float nan = ZqTest::nan<float>;
+    const float widest = 1.57079625F; // twice this is the largest float below pi
+    const float beyond = std::nextafter( widest, 2.0F );
+    const float noCosine = -ZqTest::infinity<float>; // passes the angle test, and its sine is NaN
+    struct Row
+    {
+        float semiAngle, cosBeta;
+        Point p;
+        bool isBehind, isInFront;
+    };
+    for ( const Row& row : {
+              Row{ 0.5F, 0.479425539F, Point( 0, 0, 1 ), true, false }, // the tips count
+              Row{ 0.5F, 0.479425539F, Point( 0, 0, 11 ), false, true },
+              Row{ 0.5F, 0.479425539F, Point( nan, 0, 0 ), false, false },
+              Row{ 0.5F, 0.479425539F, Point( 0, 0, -1e30F ), false, false }, // the direction overflows to zero
+              Row{ 0.5F, 0.479425539F, Point( 0, 0, 1e30F ), false, false },
+              Row{ 0, 0, Point( 5, 3, 1 ), true, false }, // and the surfaces count
+              Row{ 0, 0, Point( 5, 3, 1.001F ), false, false },
+              Row{ 0, 0, Point( 5, 3, 10.999F ), false, false },
+              Row{ 0, 0, Point( 5, 3, 11 ), false, true },
+              Row{ widest, 1, Point( 0, 0, -1 ), true, false },
+              Row{ widest, 1, Point( 0.01F, 0, -1 ), false, false },
+              Row{ beyond, -1, Point( 0, 0, -1 ), false, true },
+              Row{ beyond, -1, Point( nan, 0, 0 ), false, true },
+              Row{ nan, -1, Point( 0, 0, -1 ), false, true },
+              Row{ noCosine, nan, Point( 0, 0, -1 ), false, false },
+              Row{ noCosine, nan, Point( 0, 0, 11 ), false, true }, // the tip is asked for first
+              Row{ -0.5F, -0.479425539F, Point( 0, 0, -1 ), false, true },
+          } )
+    {
+        const GeCullingCones cones( { Z, row.semiAngle }, Point( 0, 0, 1 ), 10 );
+        EXPECT_EQ( cones.isBehind( row.p ), row.isBehind ) << cones << row.p;
+        EXPECT_EQ( cones.isInFront( row.p ), row.isInFront ) << cones << row.p;
+        EXPECT_TRUE( cones.getCosBeta() == row.cosBeta || std::isnan( row.cosBeta ) ) << cones;
+        EXPECT_EQ( std::isnan( cones.getCullingSemiAngle() ), std::isnan( row.cosBeta ) ) << cones;
+        EXPECT_TRUE( cones.getCullingSemiAngle() == 0 || !( row.cosBeta < 0 ) ) << cones;
+    }
+}
+
+} // namespace

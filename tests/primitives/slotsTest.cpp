@@ -1,0 +1,58 @@
+#include "support/scalars.h"
+
+#include <zq/base/dbgBuildInfo.h>
+#include <zq/base/inPackageInit.h>
+#include <zq/base/trace.h>
+#include <zq/primitives/geBezier3FaceBuilder.h>
+#include <zq/primitives/geLineFaceBuilder.h>
+
+#include <cstddef>
+#include <cstring>
+
+using namespace Zq;
+
+// Virtual operations are called by their slot, from programs that were compiled long ago: the order is a contract.
+// Read here out of pointers to members, as the Itanium ABI lays them out.
+#if !defined( _WIN32 )
+namespace
+{
+
+template <class... Members>
+void expectSlots( std::size_t first, Members... members )
+{
+    const auto slotOf = []( auto member )
+    {
+        std::size_t offset = 0; // in bytes; some processors mark it with a one
+        std::memcpy( &offset, &member, sizeof( offset ) );
+        return offset / sizeof( void* );
+    };
+    for ( const std::size_t slot : { slotOf( members )... } )
+        EXPECT_EQ( slot, first++ );
+}
+
+TEST( Slots, OfTheServices )
+{
+    using Info = DbgBuildInfo; // the destructor comes last
+    expectSlots( 0, &Info::getProjectName, &Info::getMajorVersion, &Info::getMinorVersion, &Info::getReleaseStage,
+        &Info::getLibraryName, &Info::getBuildLabel, &Info::getBuildDate, &Info::getBuildConfiguration,
+        &Info::getBuilder, &Info::getInformation );
+    using Package = InPackageInit; // the destructor comes first and takes two
+    void ( Package::*add )( InVariableBase* ) = &Package::addDependency;
+    expectSlots( 2, add, &Package::removeDependency, &Package::getName, &Package::initialize, &Package::shutdown,
+        &Package::setInitialized );
+    expectSlots( 0, &TraceManager::getTrace, &TraceManager::output );
+}
+
+ZQ_TWIN_SUITE( FaceBuilderSlots );
+
+TYPED_TEST( FaceBuilderSlots, AfterTheDestructor )
+{
+    using Line = GeLineFaceBuilder<TypeParam>;
+    expectSlots( 2, &Line::beginFace, &Line::beginContour, &Line::addLine, &Line::endContour, &Line::endFace );
+    using Bezier = GeBezier3FaceBuilder<TypeParam>;
+    expectSlots( 2, &Bezier::beginFace, &Bezier::beginContour, &Bezier::addLine, &Bezier::addBezier3,
+        &Bezier::endContour, &Bezier::endFace );
+}
+
+} // namespace
+#endif
