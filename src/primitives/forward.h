@@ -16,6 +16,8 @@ template <class T>
 class ZQ_PRIMITIVES_API GeAlignedBox3;
 template <class T>
 class ZQ_PRIMITIVES_API GeAlignedBox3;
+template <int axis, class T>
+class ZQ_PRIMITIVES_API GeAxisRotation3;
 template <class T>
 class ZQ_PRIMITIVES_API GeBezier3FaceBuilder;
 template <class T>
@@ -35,13 +37,33 @@ class ZQ_PRIMITIVES_API GePlane3;
 template <class T>
 class ZQ_PRIMITIVES_API GePlane3Builder;
 template <class T>
+class ZQ_PRIMITIVES_API GePoint2;
+template <class T>
 class ZQ_PRIMITIVES_API GePoint3;
 template <class T>
 class ZQ_PRIMITIVES_API GeProjectiveMatrix3;
 template <class T>
+class ZQ_PRIMITIVES_API GeRotation3;
+template <class T>
+class ZQ_PRIMITIVES_API GeScale3;
+template <class T>
+class ZQ_PRIMITIVES_API GeTranslation3;
+template <class T>
+class ZQ_PRIMITIVES_API GeUnitVector2;
+template <class T>
 class ZQ_PRIMITIVES_API GeUnitVector3;
 template <class T>
+class ZQ_PRIMITIVES_API GeVector2;
+template <class T>
+class ZQ_PRIMITIVES_API GeVector2Utils;
+template <class T>
 class ZQ_PRIMITIVES_API GeVector3;
+template <class T>
+class ZQ_PRIMITIVES_API GeXAxisRotation3;
+template <class T>
+class ZQ_PRIMITIVES_API GeYAxisRotation3;
+template <class T>
+class ZQ_PRIMITIVES_API GeZAxisRotation3;
 template <class Arg, class Result>
 class ZQ_TEMPLATE_API UnaryFunctor;
 
@@ -51,6 +73,7 @@ class ZQ_PRIMITIVES_API GeAnchoredConeBuilder;
 class ZQ_PRIMITIVES_API GeCullingCones;
 class ZQ_PRIMITIVES_API GeFloatingCone;
 class ZQ_PRIMITIVES_API GeFloatingConeBuilder;
+class ZQ_PRIMITIVES_API GeTolerances;
 
 } // namespace Zq
 
