@@ -1,0 +1,79 @@
+#ifndef ZQ_PRIMITIVES_GESCALE3_H
+#define ZQ_PRIMITIVES_GESCALE3_H
+
+#include "geProjectiveMatrix3.h"
+
+#include <iosfwd>
+#include <type_traits>
+
+namespace Zq
+{
+
+/// A scale by separate factors along x, y and z, kept as three numbers: the matrix diag(x, y, z) or diag(x, y, z, 1).
+/// For float and double.
+///
+/// Its products with matrices touch only what changes: one multiplication for each element, all others are copied bit by
+/// bit. As with matrices, in S * M the matrix acts first, and S.mulOnRight( M ) is M * S.
+///
+/// Any factors are allowed. A zero makes singular matrices, which only their inversion reports.
+///
+/// Text form: "Scale3(2, 1, 0.5)", with the number format and locale of the stream.
+template <class T>
+class ZQ_PRIMITIVES_API GeScale3
+{
+public:
+    GeScale3( T x, T y, T z );
+    explicit GeScale3( const GeVector3<T>& factors );
+
+    T getX() const;
+    T getY() const;
+    T getZ() const;
+    /// The three factors.
+    const GeVector3<T>& getVector() const;
+
+    /// Factors compared in order x, y, z; -0 equals 0, NaN equals nothing. The same as isEqualExact().
+    bool operator==( const GeScale3<T>& other ) const;
+    bool operator!=( const GeScale3<T>& other ) const;
+    bool isEqualExact( const GeScale3<T>& other ) const;
+    /// Each factor within the tolerance, strictly: |a - b| < tolerance. See FloatUtil::isEqual.
+    bool isEqual( const GeScale3<T>& other, T tolerance ) const;
+
+    /// This times the matrix: rows are scaled, the translation with them.
+    GeLinearMatrix3<T> operator*( const GeLinearMatrix3<T>& m ) const;
+    GeAffineMatrix3<T> operator*( const GeAffineMatrix3<T>& m ) const;
+    GeProjectiveMatrix3<T> operator*( const GeProjectiveMatrix3<T>& m ) const;
+    /// The matrix times this: columns 0 to 2 are scaled, a translation remains.
+    GeLinearMatrix3<T> mulOnRight( const GeLinearMatrix3<T>& m ) const;
+    GeAffineMatrix3<T> mulOnRight( const GeAffineMatrix3<T>& m ) const;
+    GeProjectiveMatrix3<T> mulOnRight( const GeProjectiveMatrix3<T>& m ) const;
+    /// Replaces m by m times this and returns it.
+    GeLinearMatrix3<T>& mulOnRightAssign( GeLinearMatrix3<T>& m ) const;
+    GeAffineMatrix3<T>& mulOnRightAssign( GeAffineMatrix3<T>& m ) const;
+    GeProjectiveMatrix3<T>& mulOnRightAssign( GeProjectiveMatrix3<T>& m ) const;
+
+    /// Writes the text form; no line end.
+    std::ostream& dump( std::ostream& os ) const;
+
+private:
+    GeVector3<T> _factors;
+};
+
+template <class T>
+std::ostream& operator<<( std::ostream& os, const GeScale3<T>& s );
+
+} // namespace Zq
+
+#include "geScale3.inline"
+
+namespace Zq
+{
+
+extern template class GeScale3<float>;
+extern template class GeScale3<double>;
+
+static_assert( sizeof( GeScale3<float> ) == 3 * sizeof( float ) && std::is_trivially_copyable_v<GeScale3<float>> );
+static_assert( sizeof( GeScale3<double> ) == 3 * sizeof( double ) && std::is_trivially_copyable_v<GeScale3<double>> );
+
+} // namespace Zq
+
+#endif

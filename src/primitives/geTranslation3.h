@@ -1,0 +1,80 @@
+#ifndef ZQ_PRIMITIVES_GETRANSLATION3_H
+#define ZQ_PRIMITIVES_GETRANSLATION3_H
+
+#include "geProjectiveMatrix3.h"
+
+#include <iosfwd>
+#include <type_traits>
+
+namespace Zq
+{
+
+/// A displacement, kept as three numbers: the affine matrix with the identity as linear block and (x, y, z) as
+/// translation. For float and double.
+///
+/// Its products with matrices touch only what changes; all other elements are copied bit by bit. As with matrices, in
+/// T * M the matrix acts first, and T.mulOnRight( M ) is M * T.
+///
+/// Text form: "Translation3(1, 2, 3)", with the number format and locale of the stream.
+template <class T>
+class ZQ_PRIMITIVES_API GeTranslation3
+{
+public:
+    GeTranslation3( T x, T y, T z );
+    explicit GeTranslation3( const GeVector3<T>& displacement );
+
+    T getX() const;
+    T getY() const;
+    T getZ() const;
+    /// The displacement.
+    const GeVector3<T>& getVector() const;
+
+    /// Components compared in order x, y, z; -0 equals 0, NaN equals nothing. The same as isEqualExact().
+    bool operator==( const GeTranslation3<T>& other ) const;
+    bool operator!=( const GeTranslation3<T>& other ) const;
+    bool isEqualExact( const GeTranslation3<T>& other ) const;
+    /// Each component within the tolerance, strictly: |a - b| < tolerance. See FloatUtil::isEqual.
+    bool isEqual( const GeTranslation3<T>& other, T tolerance ) const;
+
+    /// This times the matrix: the translation grows by the displacement; a projective matrix gets its row 3, times the
+    /// displacement, added to the rows above.
+    GeAffineMatrix3<T> operator*( const GeLinearMatrix3<T>& m ) const;
+    GeAffineMatrix3<T> operator*( const GeAffineMatrix3<T>& m ) const;
+    GeProjectiveMatrix3<T> operator*( const GeProjectiveMatrix3<T>& m ) const;
+    /// The matrix times this: the translation grows by what the matrix makes of the displacement. Only column 3
+    /// changes, in a projective matrix all four rows of it.
+    GeAffineMatrix3<T> mulOnRight( const GeLinearMatrix3<T>& m ) const;
+    GeAffineMatrix3<T> mulOnRight( const GeAffineMatrix3<T>& m ) const;
+    GeProjectiveMatrix3<T> mulOnRight( const GeProjectiveMatrix3<T>& m ) const;
+    /// Replaces m by m times this and returns it.
+    GeAffineMatrix3<T>& mulOnRightAssign( GeAffineMatrix3<T>& m ) const;
+    GeProjectiveMatrix3<T>& mulOnRightAssign( GeProjectiveMatrix3<T>& m ) const;
+
+    /// Writes the text form; no line end.
+    std::ostream& dump( std::ostream& os ) const;
+
+private:
+    GeVector3<T> _displacement;
+};
+
+template <class T>
+std::ostream& operator<<( std::ostream& os, const GeTranslation3<T>& t );
+
+} // namespace Zq
+
+#include "geTranslation3.inline"
+
+namespace Zq
+{
+
+extern template class GeTranslation3<float>;
+extern template class GeTranslation3<double>;
+
+static_assert(
+    sizeof( GeTranslation3<float> ) == 3 * sizeof( float ) && std::is_trivially_copyable_v<GeTranslation3<float>> );
+static_assert(
+    sizeof( GeTranslation3<double> ) == 3 * sizeof( double ) && std::is_trivially_copyable_v<GeTranslation3<double>> );
+
+} // namespace Zq
+
+#endif
