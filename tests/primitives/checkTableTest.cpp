@@ -8,12 +8,15 @@
 #include <zq/primitives/geFrustum.h>
 #include <zq/primitives/gePlane3Builder.h>
 #include <zq/primitives/geProjectiveMatrix3.h>
+#include <zq/primitives/geRotation3.h>
+#include <zq/primitives/geVector2.h>
 #include <zq/primitives/geVector3.h>
 
 #include <fstream>
 #include <functional>
 #include <set>
 #include <string>
+#include <utility>
 #include <vector>
 
 using namespace Zq;
@@ -56,6 +59,37 @@ void addMatrixChecks( std::vector<Check>& checks )
         { file3, 126, "nonSingular", [flat] { static_cast<void>( GeAffineMatrix3<T>( flat ).computeInverse() ); } } );
     checks.push_back( { file4, 175, "nonSingular",
         [flat] { static_cast<void>( GeProjectiveMatrix3<T>( flat ).computeInverse() ); } } );
+}
+
+// Plane vectors, rotations ---------------------------------------------------------------------------------------
+
+template <class T>
+void addVector2Checks( std::vector<Check>& checks )
+{
+    const char* file = "src/primitives/geVector2.inline";
+    checks.push_back( { file, 0, "len > 0", [] { GeUnitVector2<T>( 0, 0 ); } } );
+    checks.push_back( { file, 0, "len > 0", [] { static_cast<void>( GeVector2<T>().computeUnit() ); } } );
+    checks.push_back( { file, 495, UNIT_LENGTH, [] { GeUnitVector2<T>( 0, T( 1.001 ), GE_TRUSTED ); } } );
+    checks.push_back( { file, 506, UNIT_LENGTH, [] { GeUnitVector2<T>( GeVector2<T>( 0, 2 ), GE_TRUSTED ); } } );
+}
+
+template <class T>
+void addRotationChecks( std::vector<Check>& checks )
+{
+    const char* file = "src/primitives/geRotation3.imp";
+    const auto add = [&]( const char* text, std::function<void()> provoke ) {
+        checks.push_back( { file, 0, text, std::move( provoke ) } );
+    };
+    const GeUnitVector3<T> x( 1, 0, 0 );
+    const GeVector3<T> up( 0, 1, 0 );
+    static const GePoint3<T> repeated[3];
+    add( "aimAxis >= 0 && aimAxis <= 2", [=] { GeRotation3<T>::aim( x, 3, true ); } );
+    add( "aimAxis >= 0 && aimAxis <= 2", [=] { GeRotation3<T>::aim( x, up, -1, 1, true ); } );
+    add( "planeAxis >= 0 && planeAxis <= 2", [=] { GeRotation3<T>::aim( x, up, 0, 3, true ); } );
+    add( "aimAxis != planeAxis", [=] { GeRotation3<T>::aim( x, up, 1, 1, true ); } );
+    add( "nbPoints >= 3", [=] { GeRotation3<T>::aim( 2, repeated, 2, 0, true ); } );
+    add( "points != 0", [=] { GeRotation3<T>::aim( 3, nullptr, 2, 0, true ); } );
+    add( "len > 0", [=] { GeRotation3<T>::aim( 3, repeated, 2, 0, true ); } );
 }
 
 // Boxes, planes, frusta ------------------------------------------------------------------------------------------
@@ -141,6 +175,10 @@ std::vector<Check> makeTable()
     addVectorChecks<double>( checks );
     addMatrixChecks<float>( checks );
     addMatrixChecks<double>( checks );
+    addVector2Checks<float>( checks );
+    addVector2Checks<double>( checks );
+    addRotationChecks<float>( checks );
+    addRotationChecks<double>( checks );
     addBoxChecks<float>( checks );
     addBoxChecks<double>( checks );
     addPlaneChecks<float>( checks );

@@ -1,0 +1,103 @@
+#ifndef ZQ_PRIMITIVES_GEAXISROTATION3_H
+#define ZQ_PRIMITIVES_GEAXISROTATION3_H
+
+#include "geRotation3.h"
+#include "geScale3.h"
+#include "geTranslation3.h"
+
+#include <type_traits>
+
+namespace Zq
+{
+
+/// A rotation about one coordinate axis, kept as the cosine and the sine of its angle. For axis 0, 1, 2 = x, y, z, and
+/// for float and double.
+///
+/// A positive angle turns counter-clockwise for an eye that the axis points at: about z, it takes x towards y. The
+/// matrices, row by row:
+///
+///     x: 1, 0, 0 / 0, c, -s / 0, s, c      y: c, 0, s / 0, 1, 0 / -s, 0, c      z: c, -s, 0 / s, c, 0 / 0, 0, 1
+///
+/// It exists for cheap products: they leave out the known zeros and ones, copy what does not change bit by bit, and
+/// equal the full product otherwise. As with matrices, in R * M the operand acts first, and R.mulOnRight( M ) is M * R.
+///
+/// GeXAxisRotation3, GeYAxisRotation3 and GeZAxisRotation3 add names and a text form.
+template <int axis, class T>
+class ZQ_PRIMITIVES_API GeAxisRotation3
+{
+    static_assert( axis >= 0 && axis <= 2, "axes are numbered 0, 1, 2 for x, y, z" );
+
+public:
+    /// By an angle in radians.
+    explicit GeAxisRotation3( T angle );
+    /// Trusts that the two belong to one angle; nothing is checked.
+    GeAxisRotation3( T cosine, T sine );
+
+    T getCosine() const;
+    T getSine() const;
+    GeLinearMatrix3<T> getMatrix() const;
+
+    /// Cosine, then sine; -0 equals 0, NaN equals nothing. The same as isEqualExact().
+    bool operator==( const GeAxisRotation3<axis, T>& other ) const;
+    bool operator!=( const GeAxisRotation3<axis, T>& other ) const;
+    bool isEqualExact( const GeAxisRotation3<axis, T>& other ) const;
+    /// Cosine and sine each within the tolerance, strictly. See FloatUtil::isEqual.
+    bool isEqual( const GeAxisRotation3<axis, T>& other, T tolerance ) const;
+
+    /// This times the operand.
+    GeLinearMatrix3<T> operator*( const GeScale3<T>& s ) const;
+    GeAffineMatrix3<T> operator*( const GeTranslation3<T>& t ) const;
+    GeLinearMatrix3<T> operator*( const GeLinearMatrix3<T>& m ) const;
+    GeRotation3<T> operator*( const GeRotation3<T>& r ) const;
+    GeAffineMatrix3<T> operator*( const GeAffineMatrix3<T>& m ) const;
+    GeVector3<T> operator*( const GeVector3<T>& v ) const;
+    GePoint3<T> operator*( const GePoint3<T>& p ) const;
+    /// The operand times this.
+    GeLinearMatrix3<T> mulOnRight( const GeScale3<T>& s ) const;
+    GeAffineMatrix3<T> mulOnRight( const GeTranslation3<T>& t ) const;
+    GeLinearMatrix3<T> mulOnRight( const GeLinearMatrix3<T>& m ) const;
+    GeRotation3<T> mulOnRight( const GeRotation3<T>& r ) const;
+    GeAffineMatrix3<T> mulOnRight( const GeAffineMatrix3<T>& m ) const;
+
+    /// By the opposite angle.
+    GeAxisRotation3<axis, T> computeInverse() const;
+
+private:
+    // The rotation turns coordinate `first` towards coordinate `second` and leaves coordinate `axis` alone.
+    enum
+    {
+        first = ( axis + 1 ) % 3,
+        second = ( axis + 2 ) % 3
+    };
+
+    template <int columns, class Matrix>
+    Matrix turnRows( const Matrix& m ) const;
+    template <class Matrix>
+    Matrix turnColumns( const Matrix& m ) const;
+
+    T _cosine;
+    T _sine;
+};
+
+} // namespace Zq
+
+#include "geAxisRotation3.inline"
+
+namespace Zq
+{
+
+extern template class GeAxisRotation3<0, float>;
+extern template class GeAxisRotation3<0, double>;
+extern template class GeAxisRotation3<1, float>;
+extern template class GeAxisRotation3<1, double>;
+extern template class GeAxisRotation3<2, float>;
+extern template class GeAxisRotation3<2, double>;
+
+static_assert( sizeof( GeAxisRotation3<0, float> ) == 2 * sizeof( float ) &&
+    std::is_trivially_copyable_v<GeAxisRotation3<0, float>> );
+static_assert( sizeof( GeAxisRotation3<0, double> ) == 2 * sizeof( double ) &&
+    std::is_trivially_copyable_v<GeAxisRotation3<0, double>> );
+
+} // namespace Zq
+
+#endif
