@@ -10,6 +10,7 @@
 #include <iomanip>
 #include <limits>
 #include <sstream>
+#include <string>
 
 using namespace Zq;
 using ZqTest::Random;
@@ -151,13 +152,23 @@ V parse( const char* text, bool& failed, V value )
     return value;
 }
 
-template <class T>
+struct TupleNames
+{
+    template <class V>
+    static std::string GetName( int index )
+    {
+        const char* const scalars[] = { "int", "float", "double" };
+        return std::string( index < 3 ? "vector_" : "point_" ) + scalars[index % 3];
+    }
+};
+
+template <class V>
 class Tuple2Text : public ::testing::Test
 {
 };
-using Tuples2 = ::testing::Types<GeVector2<int>, GePoint2<int>, GeVector2<float>, GePoint2<float>, GeVector2<double>,
+using Tuples2 = ::testing::Types<GeVector2<int>, GeVector2<float>, GeVector2<double>, GePoint2<int>, GePoint2<float>,
     GePoint2<double>>;
-TYPED_TEST_SUITE( Tuple2Text, Tuples2 );
+TYPED_TEST_SUITE( Tuple2Text, Tuples2, TupleNames );
 
 TYPED_TEST( Tuple2Text, WritesAndReadsBack )
 {
