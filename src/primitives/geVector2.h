@@ -125,10 +125,11 @@ std::istream& operator>>( std::istream& is, GeVector2<T>& v );
 
 } // namespace Zq
 
+// The bodies come before anything that instantiates the class: GCC inlines only what was inline by then.
+#include "geVector2.inline"
+
 #include "gePoint2.h"
 #include "geUnitVector2.h"
-
-#include "geVector2.inline"
 
 namespace Zq
 {

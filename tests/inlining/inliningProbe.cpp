@@ -1,7 +1,8 @@
 // Compiled optimised and never run: the object must not call the library for what every loop does.
 
 #include FIRST_HEADER
-#include <zq/primitives/geAffineMatrix3.h>
+#include <zq/primitives/geVector2.h>
+#include <zq/primitives/geZAxisRotation3.h>
 
 using namespace Zq;
 
@@ -20,4 +21,16 @@ GeLinearMatrix3<float> probeProduct( const GeLinearMatrix3<float>& a, const GeLi
 GePoint3<double> probeTransform( const GeAffineMatrix3<double>& a, const GePoint3<double>& p )
 {
     return a * p;
+}
+
+GeVector2<float> probePlane( const GePoint2<float>& p, const GePoint2<float>& q, const GeUnitVector2<float>& u )
+{
+    const GeVector2<float> v = p - q;
+    return v.computePerpendicular() * v.dot( u ) / v.lengthSquared() + u * u.getX();
+}
+
+GeAffineMatrix3<float> probeTransforms( const GeAffineMatrix3<float>& a, const GeZAxisRotation3<float>& r,
+    const GeScale3<float>& s, const GeTranslation3<float>& t )
+{
+    return t.mulOnRight( s * ( r * a ) );
 }
