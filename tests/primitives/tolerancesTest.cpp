@@ -85,6 +85,8 @@ TEST( Tolerances, DerivedFieldsAreRoundedOnceAndBelongToTheirSetter )
         squareOfTheRoundedDiffers = squareOfTheRoundedDiffers || all[2] != float( R( all[1] ) * all[1] );
         cosineOfTheRoundedDiffers = cosineOfTheRoundedDiffers || all[5] != float( R( all[4] ) * all[4] );
 
+        EXPECT_EQ(
+            makeTolerances( t, a, f ).compareLengthSquared( 0, all[1] ), 0 ); // even where t squared is rounded down
         GeTolerances copy;
         copy = makeTolerances( t, a, f );
         EXPECT_EQ( getFields( copy ), all );
@@ -278,6 +280,7 @@ TEST( Tolerances, NaNAndNegativeTolerances )
         EXPECT_FALSE( t.sameVector( GeVector2<float>( 0, a ), GeVector2<float>( 0, b ) ) );
         EXPECT_FALSE( t.samePoint( GePoint3<float>( 0, a, 0 ), GePoint3<float>( 0, b, 0 ) ) );
     }
+    EXPECT_EQ( t.compareLengthSquared( INF_F, INF_F ), -1 );
     EXPECT_EQ( t.compareLengthToZero( NAN_F ), 0 );
     EXPECT_EQ( t.compareCosineToZero( NAN_F ), 0 );
     EXPECT_FALSE( t.lengthSquaredIsZero( NAN_F ) || t.cosineIsOne( NAN_F ) || t.cosineIsMinusOne( NAN_F ) );
