@@ -14,8 +14,6 @@ template <class T>
 class ZQ_PRIMITIVES_API GeAffineMatrix3;
 template <class T>
 class ZQ_PRIMITIVES_API GeAlignedBox3;
-template <class T>
-class ZQ_PRIMITIVES_API GeAlignedBox3;
 template <int axis, class T>
 class ZQ_PRIMITIVES_API GeAxisRotation3;
 template <class T>
@@ -43,9 +41,13 @@ class ZQ_PRIMITIVES_API GePoint3;
 template <class T>
 class ZQ_PRIMITIVES_API GeProjectiveMatrix3;
 template <class T>
+class ZQ_PRIMITIVES_API GeQuaternion3;
+template <class T>
 class ZQ_PRIMITIVES_API GeRotation3;
 template <class T>
 class ZQ_PRIMITIVES_API GeScale3;
+template <class T>
+class ZQ_PRIMITIVES_API GeSphere3;
 template <class T>
 class ZQ_PRIMITIVES_API GeTranslation3;
 template <class T>
@@ -64,6 +66,8 @@ template <class T>
 class ZQ_PRIMITIVES_API GeYAxisRotation3;
 template <class T>
 class ZQ_PRIMITIVES_API GeZAxisRotation3;
+template <class T>
+class ZQ_TEMPLATE_API RnRng;
 template <class Arg, class Result>
 class ZQ_TEMPLATE_API UnaryFunctor;
 
@@ -73,6 +77,8 @@ class ZQ_PRIMITIVES_API GeAnchoredConeBuilder;
 class ZQ_PRIMITIVES_API GeCullingCones;
 class ZQ_PRIMITIVES_API GeFloatingCone;
 class ZQ_PRIMITIVES_API GeFloatingConeBuilder;
+class ZQ_PRIMITIVES_API GeIcosahedron;
+class ZQ_PRIMITIVES_API GeShaft;
 class ZQ_PRIMITIVES_API GeTolerances;
 
 } // namespace Zq

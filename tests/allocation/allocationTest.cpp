@@ -3,13 +3,22 @@
 
 #include "support/scalars.h"
 
+#include <zq/color/coHsvColor.h>
+#include <zq/color/coSpectrum.h>
 #include <zq/primitives/geAlignedBoxBuilder.h>
 #include <zq/primitives/geAnchoredConeBuilder.h>
 #include <zq/primitives/geCameraBuilder.h>
 #include <zq/primitives/geCullingCones.h>
 #include <zq/primitives/geFloatingConeBuilder.h>
 #include <zq/primitives/geFrustum.h>
+#include <zq/primitives/geIcosahedron.h>
 #include <zq/primitives/gePlane3Builder.h>
+#include <zq/primitives/geQuaternion3.h>
+#include <zq/primitives/geShaft.h>
+#include <zq/primitives/geSphere3.h>
+#include <zq/primitives/geTolerances.h>
+#include <zq/primitives/geVector2Utils.h>
+#include <zq/primitives/geXAxisRotation3.h>
 
 #include <atomic>
 #include <cstdlib>
@@ -78,7 +87,23 @@ TYPED_TEST( Allocation, OfTheTwins )
         m * GeHomogeneousCoord3<T>( 1, 2, 3, m.computeDeterminant() ) );
     use( GeCameraBuilder<T>::makePerspective( 1, 1, 3, 2 ), GeCameraBuilder<T>::makeOrthographic( 1, 1, 3, 2 ) );
 
+    GeQuaternion3<T> q = GeQuaternion3<T>::makeRotation( v, 1 );
+    GeRotation3<T> r = GeRotation3<T>::aim( u, GeVector3<T>( 0, 0, 1 ), 0, 1, true );
+    GeLinearMatrix3<T> turned;
+    q.getMatrix( turned );
+    q.setMatrix( turned, 1 );
+    q.aim( v, GeVector3<T>( 3, 2, 1 ) );
+    use( GeQuaternion3<T>::squad( q, q, q.computeInverse(), q * q, T( 0.3 ) ), GeXAxisRotation3<T>( 1 ) * r,
+        GeScale3<T>( v ) * a, GeTranslation3<T>( v ) * m );
+    using Point2 = GePoint2<T>;
+    use( GeVector2Utils<T>::distanceSquaredFromPointToLineSegment( Point2( 1, 1 ), Point2(), Point2( 2, 0 ), false ) );
+    use( CoHsvColorT<T>::convertFromRgb( CoRgbColorT<T>( 1, 2, 3 ) ).convertToRgb().gammaCorrect( 2 ),
+        ( CoSpectrumT<T>( 1, 2, 3 ) * T( 2 ) ).computeScaledTo( 1 ) );
+
     const GeAlignedBox3<T> box( p, p + v );
+    T t1 = 0;
+    use(
+        GeSphere3<T>( p, 1 ).intersectRay( GePoint3<T>(), v, t, t1 ), GeSphere3<T>( p, 1 ).getClosestPoint( p, v, p ) );
     use( box.classify( GeAlignedBox3<T>( p ).extend( GePoint3<T>( v ) ) ), box.intersectLine( GePoint3<T>(), v ) );
     GePlane3Builder<T> builder;
     for ( int corner = 0; corner < 4; ++corner )
@@ -86,6 +111,23 @@ TYPED_TEST( Allocation, OfTheTwins )
     GeNormalizedPlane3<T> plane = builder.getPlane();
     const GeFrustum<T> frustum{ GeProjectiveMatrix3<T>() };
     use( plane.intersectRay( p, v, t ), frustum.classify( p ), frustum.classify( box ), frustum.isEqual( frustum, t ) );
+}
+
+struct Flat final : RnRng<float>, UnaryFunctor<GeVector3<float>, void>
+{
+    float operator()() override { return 0.25F; }
+    void operator()( const GeVector3<float>& v ) override { use( v ); }
+};
+
+TEST( AllocationOfOthers, OfShaftsSamplesAndTolerances )
+{
+    const Watch watch;
+    const GePoint3<float> p( 3, 2, 1 );
+    const GeAlignedBox3<float> box1( p, GePoint3<float>() ), box2( p, GePoint3<float>( 4, -5, 6 ) );
+    const GeShaft shaft( box1, box2 );
+    use( shaft.contains( p ), shaft.overlaps( box1 ), shaft.overlapsExclude( box2 ) );
+    Flat flat;
+    use( GeIcosahedron::getStratifiedSamples( 320, flat, flat ), GeTolerances().samePoint( p, p ) );
 }
 
 // The cones' builders are made with room for 16 and may not grow it: fitting works in place.

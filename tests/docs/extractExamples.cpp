@@ -101,9 +101,12 @@ int main( int argc, char** argv )
 static int run( int ( *example )(), int line, const std::string& expected )
 {
     std::ostringstream printed;
+    std::ios format( nullptr );
+    format.copyfmt( std::cout );
     std::streambuf* const before = std::cout.rdbuf( printed.rdbuf() );
     const int status = example();
     std::cout.rdbuf( before );
+    std::cout.copyfmt( format );
     if ( status == 0 && printed.str() == expected )
         return 0;
     std::cerr << "line " << line << ": expected\n" << expected << "got\n" << printed.str();

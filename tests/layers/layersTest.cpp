@@ -38,7 +38,6 @@ struct Group
 /// place here.
 const std::vector<Group> GROUPS = {
     { "frame", { "export", "forward", "traceLevels" }, {} },
-    { "tolerances", { "geTolerances" }, { "frame" } },
     { "random", { "rnRng" }, { "frame" } },
     { "vectors",
         { "geTupleText", "geVector2", "gePoint2", "geUnitVector2", "geVector2Utils", "geVector3", "gePoint3",
@@ -48,13 +47,14 @@ const std::vector<Group> GROUPS = {
     { "matrices",
         { "geMatrixText", "geLinearMatrix3", "geAffineMatrix3", "geProjectiveMatrix3", "geHomogeneousCoord3" },
         { "vectors" } },
+    { "tolerances", { "geTolerances" }, { "matrices" } },
     { "cameras", { "geCameraBuilder" }, { "matrices" } },
     { "scales", { "geScale3", "geTranslation3" }, { "matrices" } },
     { "rotations", { "geRotation3", "geAxisRotation3", "geXAxisRotation3", "geYAxisRotation3", "geZAxisRotation3" },
         { "scales" } },
-    { "quaternions", { "geQuaternion3" }, { "rotations" } },
     { "boxes", { "geAlignedBox", "geAlignedBoxBuilder" }, { "functors" } },
     { "planes", { "gePlane3", "geNormalizedPlane3", "gePlane3Builder" }, { "boxes" } },
+    { "quaternions", { "geQuaternion3" }, { "rotations", "planes" } },
     { "spheres", { "geSphere3" }, { "boxes" } },
     { "frusta", { "geFrustum" }, { "planes", "matrices" } },
     { "shafts", { "geShaft" }, { "planes" } },

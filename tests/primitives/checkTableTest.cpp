@@ -6,9 +6,12 @@
 #include <zq/primitives/geAlignedBox.h>
 #include <zq/primitives/geAnchoredConeBuilder.h>
 #include <zq/primitives/geFrustum.h>
+#include <zq/primitives/geIcosahedron.h>
 #include <zq/primitives/gePlane3Builder.h>
 #include <zq/primitives/geProjectiveMatrix3.h>
+#include <zq/primitives/geQuaternion3.h>
 #include <zq/primitives/geRotation3.h>
+#include <zq/primitives/geShaft.h>
 #include <zq/primitives/geVector2.h>
 #include <zq/primitives/geVector3.h>
 
@@ -141,6 +144,32 @@ void addFrustumChecks( std::vector<Check>& checks )
     checks.push_back( { "src/base/matrix4x4Imp", 175, "nonSingular", [=] { make( 0, 0 ); } } );
 }
 
+// Shaft and icosahedron ------------------------------------------------------------------------------------------
+
+void addShaftChecks( std::vector<Check>& checks )
+{
+    // no two boxes make a ninth plane, and no loop reaches a seventh face: the inner functions do
+    checks.push_back( { "src/primitives/geShaft", 0, "nbPlanes <= 8", [] { Detail::checkNbPlanes( 9 ); } } );
+    for ( const int face : { -1, 6 } )
+        checks.push_back( { "src/primitives/geShaft", 0, "program aborted",
+            [=] { Detail::getFaceCoordinate( GeAlignedBox3<float>(), face ); } } );
+}
+
+void addIcosahedronChecks( std::vector<Check>& checks )
+{
+    const char* file = "src/primitives/geIcosahedron.inline";
+    GeVector3<float> v;
+    for ( const bool isAbove : { false, true } )
+    {
+        checks.push_back( { file, 0, "0 <= i && i < NB_VERTICES",
+            [=]() mutable { GeIcosahedron::getVertex( isAbove ? 12 : -1, v ); } } );
+        checks.push_back( { file, 0, "0 <= i && i < NB_EDGES",
+            [=]() mutable { GeIcosahedron::getEdge( isAbove ? 30 : -1, v, v ); } } );
+        checks.push_back( { file, 0, "0 <= i && i < NB_FACES",
+            [=]() mutable { GeIcosahedron::getFace( isAbove ? 20 : -1, v, v, v ); } } );
+    }
+}
+
 // Cones ----------------------------------------------------------------------------------------------------------
 
 void addConeChecks( std::vector<Check>& checks )
@@ -166,6 +195,32 @@ void addConeChecks( std::vector<Check>& checks )
         [] { Detail::computeMaxDistance2( std::vector<GePoint3<float>>( 2 ), 3, GePoint3<float>() ); } } );
 }
 
+// Quaternions -----------------------------------------------------------------------------------------------------
+
+template <class T>
+void addQuaternionChecks( std::vector<Check>& checks )
+{
+    using Q = GeQuaternion3<T>;
+    const char* file = "src/primitives/geQuaternion3.imp";
+    const char* range = "0 <= innerAxis && innerAxis <= 2";
+    const GeLinearMatrix3<T> zero( 0, 0, 0, 0, 0, 0, 0, 0, 0 );
+    checks.push_back( { file, 0, "s != 0", [=] { Q().setMatrix( zero, 0 ); } } );
+    checks.push_back( { file, 0, "m44 != 0", [=] { Q().setMatrix( GeLinearMatrix3<T>(), 0 ); } } );
+    checks.push_back(
+        { file, 0, "0 <= i && i <= 2", [] { Q().setEuler( typename Q::EulerConvention( 3 ), 1, 2, 3 ); } } );
+    checks.push_back( { file, 0, "prodNorms != 0", [] { Q().aim( GeVector3<T>(), GeVector3<T>( 1, 0, 0 ) ); } } );
+    checks.push_back( { file, 0, "a > 0", [] { Q::exp( Q() ); } } );
+    checks.push_back( { file, 0, "h2uinv.getMagnitude() == 0",
+        []
+        {
+            Q a, b;
+            Q::computeIntermediates( Q(), Q(), Q(), a, b );
+        } } );
+    for ( const int axis : { -1, 3 } )
+        checks.push_back(
+            { "src/primitives/geQuaternion3.inline", 0, range, [=] { Q::makeEulerConvention( axis, 0, 0, 0 ); } } );
+}
+
 // ----------------------------------------------------------------------------------------------------------------
 
 std::vector<Check> makeTable()
@@ -185,7 +240,11 @@ std::vector<Check> makeTable()
     addPlaneChecks<double>( checks );
     addFrustumChecks<float>( checks );
     addFrustumChecks<double>( checks );
+    addShaftChecks( checks );
+    addIcosahedronChecks( checks );
     addConeChecks( checks );
+    addQuaternionChecks<float>( checks );
+    addQuaternionChecks<double>( checks );
     return checks;
 }
 

@@ -1,0 +1,11 @@
+#include "coHsvColor.h"
+
+#include "coHsvColor.imp"
+
+namespace Zq
+{
+
+template class CoHsvColorT<float>;
+template class CoHsvColorT<double>;
+
+} // namespace Zq

@@ -1,0 +1,89 @@
+#ifndef ZQ_COLOR_CORGBCOLOR_H
+#define ZQ_COLOR_CORGBCOLOR_H
+
+#include "export.h"
+#include "forward.h"
+
+#include <iosfwd>
+#include <type_traits>
+
+namespace Zq
+{
+
+/// A colour as linear amounts of red, green and blue. For float and double.
+///
+/// Black is (0, 0, 0) and white (1, 1, 1), but no component is limited to that range: nothing clamps unless it is
+/// asked to. Infinities and NaN follow the arithmetic.
+///
+/// Text form: "0.25 1 0.5", three numbers without brackets, with the number format and locale of the stream.
+template <class T>
+class ZQ_COLOR_API CoRgbColorT
+{
+public:
+    /// Black.
+    CoRgbColorT();
+    /// A grey: all three components are the same.
+    explicit CoRgbColorT( T grey );
+    CoRgbColorT( T red, T green, T blue );
+
+    T getRed() const;
+    T getGreen() const;
+    T getBlue() const;
+    void setRed( T red );
+    void setGreen( T green );
+    void setBlue( T blue );
+
+    T getLargestComponent() const;
+    T getSmallestComponent() const;
+
+    /// -0 equals 0, NaN equals nothing.
+    bool operator==( const CoRgbColorT<T>& other ) const;
+    bool operator!=( const CoRgbColorT<T>& other ) const;
+    /// Each component within the tolerance, strictly: |a - b| < tolerance. See FloatUtil::isEqual.
+    bool isEqual( const CoRgbColorT<T>& other, T tolerance ) const;
+
+    /// Each component limited to a maximum; there is no lower limit.
+    CoRgbColorT<T> computeClamped( T maximum ) const;
+    /// 0.263 |red| + 0.655 |green| + 0.082 |blue|: how much colour there is, whatever the signs.
+    T computeWeightedMagnitude() const;
+    /// 0.265074126 red + 0.670114631 green + 0.064811243 blue; negative components take away from it.
+    T computeLuminance() const;
+    /// Every component to the power of gamma; gamma itself is the exponent, not its reciprocal. A negative component
+    /// gives NaN unless gamma is an integer.
+    CoRgbColorT<T> gammaCorrect( T gamma ) const;
+
+    /// Writes the text form; nothing before or after it.
+    std::ostream& dump( std::ostream& os ) const;
+    /// Reads three numbers, white space before each is skipped. On failure the colour is unchanged and the stream has
+    /// failbit set.
+    std::istream& read( std::istream& is );
+
+private:
+    T _red;
+    T _green;
+    T _blue;
+};
+
+template <class T>
+std::ostream& operator<<( std::ostream& os, const CoRgbColorT<T>& color );
+template <class T>
+std::istream& operator>>( std::istream& is, CoRgbColorT<T>& color );
+
+} // namespace Zq
+
+#include "coRgbColor.inline"
+
+namespace Zq
+{
+
+extern template class CoRgbColorT<float>;
+extern template class CoRgbColorT<double>;
+
+static_assert(
+    sizeof( CoRgbColorT<float> ) == 3 * sizeof( float ) && std::is_trivially_copyable_v<CoRgbColorT<float>> );
+static_assert(
+    sizeof( CoRgbColorT<double> ) == 3 * sizeof( double ) && std::is_trivially_copyable_v<CoRgbColorT<double>> );
+
+} // namespace Zq
+
+#endif
