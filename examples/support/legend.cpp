@@ -59,7 +59,8 @@ void drawLegend( Canvas& canvas, const std::vector<std::string>& headings, const
     {
         width += GAP + columnWidth;
     }
-    const float height = 2 * PADDING + ROW_HEIGHT * static_cast<float>( rows.size() + 1 ) - ( ROW_HEIGHT - SIZE );
+    const std::size_t nbLines = rows.size() + ( headings.empty() ? 0 : 1 );
+    const float height = 2 * PADDING + ROW_HEIGHT * static_cast<float>( nbLines ) - ( ROW_HEIGHT - SIZE );
     const float top = static_cast<float>( canvas.getHeight() ) - MARGIN - height;
     canvas.fillRoundedRectangle( MARGIN, top, width, height, 10, makeColor( 0xFFFFFF ), 0.82F );
 
@@ -73,14 +74,18 @@ void drawLegend( Canvas& canvas, const std::vector<std::string>& headings, const
         }
     };
     float baseline = top + PADDING + SIZE;
-    drawValues( headings, baseline, getPaleInk() );
+    if ( !headings.empty() )
+    {
+        drawValues( headings, baseline, getPaleInk() );
+        baseline += ROW_HEIGHT;
+    }
     for ( const LegendRow& row : rows )
     {
-        baseline += ROW_HEIGHT;
         const float left = MARGIN + PADDING;
         canvas.fillRoundedRectangle( left, baseline - ( SIZE + SWATCH ) / 2, SWATCH, SWATCH, 4, row.color, 1 );
         drawText( canvas, left + SWATCH + GAP / 2, baseline, SIZE, row.label, getInk() );
         drawValues( row.values, baseline, getInk() );
+        baseline += ROW_HEIGHT;
     }
 }
 

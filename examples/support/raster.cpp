@@ -99,7 +99,7 @@ void Raster::visitSamples( std::array<ScreenPoint, 3> corners, Visitor visit ) c
     }
 }
 
-void Raster::drawTriangle( const std::array<RasterVertex, 3>& triangle, const Shader& shader )
+void Raster::drawTriangle( const std::array<RasterVertex, 3>& triangle, const Shader& shader, float opacity )
 {
     // Cut by the near plane, a triangle becomes a polygon of up to four corners.
     std::array<RasterVertex, 4> polygon;
@@ -121,11 +121,11 @@ void Raster::drawTriangle( const std::array<RasterVertex, 3>& triangle, const Sh
     }
     for ( std::size_t i = 2; i < nbCorners; ++i )
     {
-        shadeTriangle( { polygon[0], polygon[i - 1], polygon[i] }, shader );
+        shadeTriangle( { polygon[0], polygon[i - 1], polygon[i] }, shader, opacity );
     }
 }
 
-void Raster::shadeTriangle( const std::array<RasterVertex, 3>& triangle, const Shader& shader )
+void Raster::shadeTriangle( const std::array<RasterVertex, 3>& triangle, const Shader& shader, float opacity )
 {
     const std::array<ScreenPoint, 3> corners = {
         project( triangle[0].clip ), project( triangle[1].clip ), project( triangle[2].clip ) };
@@ -149,8 +149,14 @@ void Raster::shadeTriangle( const std::array<RasterVertex, 3>& triangle, const S
                 ( triangle[2].position - triangle[0].position ) * share2;
             const Zq::GeVector3<float> normal = triangle[0].normal * ( 1 - share1 - share2 ) +
                 triangle[1].normal * share1 + triangle[2].normal * share2;
+            const Color color = shader( position, normal );
+            if ( opacity < 1 )
+            {
+                _colors[sample] = mix( _colors[sample], color, opacity );
+                return;
+            }
             _depths[sample] = depth;
-            _colors[sample] = shader( position, normal );
+            _colors[sample] = color;
         } );
 }
 

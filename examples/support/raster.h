@@ -32,8 +32,8 @@ struct Viewport
     double height;
 };
 
-/// A depth-buffered picture with SUPERSAMPLING squared samples a pixel, drawn by a program alone. Surfaces are drawn
-/// first, then lines, which show through what hides them.
+/// A depth-buffered picture with SUPERSAMPLING squared samples a pixel, drawn by a program alone. Opaque
+/// surfaces are drawn first, then lines, which show through what hides them, and transparent surfaces.
 class Raster
 {
 public:
@@ -43,7 +43,8 @@ public:
     Raster( const Canvas& background, const Viewport& viewport );
 
     /// Both sides are drawn. The shader is asked for each visible sample; the normal that it gets has no fixed length.
-    void drawTriangle( const std::array<RasterVertex, 3>& triangle, const Shader& shader );
+    /// With an opacity below 1 the colour is mixed over what is behind, and hides nothing that is drawn later.
+    void drawTriangle( const std::array<RasterVertex, 3>& triangle, const Shader& shader, float opacity = 1 );
 
     /// `width` in pixels. Where a surface is in front, the line covers it with the opacity `hiddenOpacity`, 0 to 1.
     void drawLine( const Zq::GeHomogeneousCoord3<double>& begin, const Zq::GeHomogeneousCoord3<double>& end,
@@ -71,7 +72,7 @@ private:
     // visit( sample, weights ) for every sample in a triangle; samples on a common edge belong to one triangle
     template <class Visitor>
     void visitSamples( std::array<ScreenPoint, 3> corners, Visitor visit ) const;
-    void shadeTriangle( const std::array<RasterVertex, 3>& triangle, const Shader& shader );
+    void shadeTriangle( const std::array<RasterVertex, 3>& triangle, const Shader& shader, float opacity );
 
     int _width;  // in samples
     int _height; // in samples

@@ -1,0 +1,117 @@
+// aimAndInterpolate: a camera is aimed at its keys, and its rotation is interpolated between them.
+//
+// The page to copy from is rotationTrack.h with rotationTrack.cpp: aiming, slerp, and squad with its control quaternions.
+
+#include "badInput.h"
+#include "options.h"
+#include "outputFiles.h"
+#include "picture.h"
+#include "pngEncoder.h"
+#include "scene.h"
+
+#include <algorithm>
+#include <cmath>
+#include <iomanip>
+#include <iostream>
+#include <sstream>
+
+namespace AimAndInterpolate
+{
+
+namespace
+{
+
+struct NamedConvention
+{
+    Rotation::EulerConvention convention;
+    const char* name;
+    const char* meaning;
+};
+
+constexpr NamedConvention CONVENTIONS[] = {
+    { Rotation::EULER_XYZ_STATIC, "EULER_XYZ_STATIC", "about the world's x, then y, then z" },
+    { Rotation::EULER_YXZ_ROTATING, "EULER_YXZ_ROTATING", "yaw, pitch and roll" },
+    { Rotation::EULER_ZXZ_ROTATING, "EULER_ZXZ_ROTATING", "z, the moved x, the moved z" },
+};
+
+std::string formatAngles( const Rotation& rotation, Rotation::EulerConvention convention )
+{
+    constexpr double DEGREES = 57.29577951308232;
+    double angles[3];
+    rotation.getEuler( convention, angles[0], angles[1], angles[2] );
+    std::ostringstream text;
+    text << std::fixed << std::setprecision( 2 );
+    for ( const double angle : angles )
+    {
+        // adding 0 makes 0 of -0
+        text << std::setw( 9 ) << std::round( angle * DEGREES * 100 ) / 100 + 0.0;
+    }
+    return text.str();
+}
+
+void printKeys( const Scene& scene, const RotationTrack& track )
+{
+    std::cout << "Euler angles of the keys in degrees\n";
+    for ( const NamedConvention& named : CONVENTIONS )
+    {
+        std::cout << "  " << std::left << std::setw( 20 ) << named.name << named.meaning << '\n' << std::right;
+    }
+    std::cout << "\nkey";
+    for ( const NamedConvention& named : CONVENTIONS )
+    {
+        std::cout << "  " << std::setw( 27 ) << named.name;
+    }
+    std::cout << '\n';
+    for ( std::size_t i = 0; i < scene.keys.size(); ++i )
+    {
+        std::cout << std::setw( 3 ) << i + 1;
+        for ( const NamedConvention& named : CONVENTIONS )
+        {
+            std::cout << "  " << formatAngles( track.slerp( static_cast<double>( i ) ), named.convention );
+        }
+        std::cout << '\n';
+    }
+}
+
+int run( const Options& options )
+{
+    Examples::checkWritable( options.pictureFile );
+    const Scene scene = makeScene();
+    const RotationTrack track = makeTrack( scene );
+    const Examples::Canvas picture = drawPicture( scene, track, options.nbSteps, options.nbSpins );
+    Examples::writeAll( { { options.pictureFile, Examples::encodePng( picture ) } } );
+
+    printKeys( scene, track );
+    std::cout << "\nwrote " << options.pictureFile.string() << '\n';
+    if ( !std::cout.flush() )
+    {
+        throw Examples::BadInput( "cannot write the report" );
+    }
+    return 0;
+}
+
+// Names of files and options may hold line ends.
+std::string makeOneLine( std::string text )
+{
+    std::replace_if(
+        text.begin(), text.end(), []( char character ) { return character == '\n' || character == '\r'; }, ' ' );
+    return text;
+}
+
+} // namespace
+
+} // namespace AimAndInterpolate
+
+int main( int argc, char** argv )
+{
+    try
+    {
+        const std::optional<AimAndInterpolate::Options> options = AimAndInterpolate::parseOptions( argc, argv );
+        return options ? AimAndInterpolate::run( *options ) : 0;
+    }
+    catch ( const std::exception& error )
+    {
+        std::cerr << "aimAndInterpolate: " << AimAndInterpolate::makeOneLine( error.what() ) << '\n';
+        return 2;
+    }
+}

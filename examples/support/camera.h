@@ -1,0 +1,39 @@
+#ifndef ZQ_EXAMPLES_SUPPORT_CAMERA_H
+#define ZQ_EXAMPLES_SUPPORT_CAMERA_H
+
+#include <zq/primitives/geAffineMatrix3.h>
+#include <zq/primitives/geCameraBuilder.h>
+#include <zq/primitives/gePoint3.h>
+#include <zq/primitives/geProjectiveMatrix3.h>
+
+namespace Examples
+{
+
+/// An eye that looks at a target, upright where z points up.
+struct Camera
+{
+    Zq::GePoint3<float> eye;
+    Zq::GePoint3<float> target;
+    float fieldOfView;  // the whole angle from bottom to top, in radians
+    float aspect;       // width / height
+    float nearDistance; // of the clip planes, along the line of sight
+    float farDistance;
+};
+
+/// From world space to camera space: the eye at the origin, x to the right, y up, looking along -z.
+template <class T>
+Zq::GeAffineMatrix3<T> makeView( const Camera& camera );
+
+/// From world space to clip space.
+template <class T>
+Zq::GeProjectiveMatrix3<T> makeClipMatrix( const Camera& camera )
+{
+    const Zq::GeProjectiveMatrix3<T> projection = Zq::GeCameraBuilder<T>::makePerspective(
+        static_cast<T>( camera.fieldOfView ), static_cast<T>( camera.nearDistance ),
+        static_cast<T>( camera.farDistance ), static_cast<T>( camera.aspect ) );
+    return projection * makeView<T>( camera );
+}
+
+} // namespace Examples
+
+#endif
