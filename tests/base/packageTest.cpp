@@ -50,60 +50,42 @@ protected:
     }
 };
 
-TEST_F( PackageRegistry, DependenciesComeFirstWhateverTheOrderOfRegistration )
+TEST_F( PackageRegistry, DependenciesComeFirstAndVariablesLiveInBetween )
 {
     Package<2> top( "top", { &typeid( Package<1> ), &typeid( Package<0> ), InInit<ZqInit::base>::getType() } );
     Package<1> middle( "middle", { &typeid( Package<0> ) } );
     Package<0> bottom( "bottom" );
-
-    InPackageRegistry::initialize();
-    InPackageRegistry::initialize(); // nothing left to do
-    EXPECT_EQ( history, ( std::vector<std::string>{ "bottom+", "middle+", "top+" } ) );
-    EXPECT_TRUE( InPackageRegistry::isInitialized( top ) );
-    InPackageRegistry::shutdown();
-    EXPECT_FALSE( InPackageRegistry::isInitialized( top ) );
-    history.erase( history.begin(), history.begin() + 3 );
-    EXPECT_EQ( history, ( std::vector<std::string>{ "top-", "middle-", "bottom-" } ) );
-}
-
-TEST_F( PackageRegistry, PackagesThatNeedEachOtherAreInitialisedOnce )
-{
-    Package<0> a( "a", { &typeid( Package<1> ) } );
-    Package<1> b( "b", { &typeid( Package<0> ) } );
-    InPackageRegistry::initialize();
-    EXPECT_EQ( history.size(), 2U );
-}
-
-TEST_F( PackageRegistry, VariablesLiveBetweenInitialisationAndShutdown )
-{
-    Package<0> package( "package" );
-    Variable first( "first" );
-    Variable second( "second" );
-    Variable removed( "removed" );
-    InPackageInit& base = package;
+    Variable first( "first" ), second( "second" ), removed( "removed" );
+    InPackageInit& base = middle;
     for ( Variable* variable : { &first, &removed, &second } )
         base.addDependency( variable );
     base.removeDependency( &removed );
+
     InPackageRegistry::initialize();
+    InPackageRegistry::initialize(); // nothing left to do
+    EXPECT_EQ( history, ( std::vector<std::string>{ "bottom+", "middle+", "first+", "second+", "top+" } ) );
+    EXPECT_TRUE( InPackageRegistry::isInitialized( top ) );
+    history.clear();
     InPackageRegistry::shutdown();
-    EXPECT_EQ(
-        history, ( std::vector<std::string>{ "package+", "first+", "second+", "second-", "first-", "package-" } ) );
+    EXPECT_EQ( history, ( std::vector<std::string>{ "top-", "second-", "first-", "middle-", "bottom-" } ) );
+    EXPECT_FALSE( InPackageRegistry::isInitialized( top ) );
 }
 
-TEST_F( PackageRegistry, ADestroyedPackageIsForgotten )
+TEST_F( PackageRegistry, PackagesThatNeedEachOtherAreInitialisedOnceAndForgottenWhenDestroyed )
 {
     const std::size_t before = InPackageRegistry::getNbPackages();
     {
-        Package<0> package( "short-lived" );
-        EXPECT_EQ( InPackageRegistry::findPackage( "short-lived" ), &package );
-        EXPECT_EQ( InPackageRegistry::getPackage( before ), &package );
+        Package<0> a( "a", { &typeid( Package<1> ) } );
+        Package<1> b( "b", { &typeid( Package<0> ) } );
+        EXPECT_EQ( InPackageRegistry::findPackage( "b" ), &b );
+        EXPECT_EQ( InPackageRegistry::getPackage( before ), &a );
         InPackageRegistry::initialize();
     }
     EXPECT_EQ( InPackageRegistry::getNbPackages(), before );
-    EXPECT_EQ( InPackageRegistry::findPackage( "short-lived" ), nullptr );
+    EXPECT_EQ( InPackageRegistry::findPackage( "b" ), nullptr );
     EXPECT_EQ( InPackageRegistry::getPackage( before ), nullptr );
     InPackageRegistry::shutdown();
-    EXPECT_EQ( history, std::vector<std::string>{ "short-lived+" } );
+    EXPECT_EQ( history, ( std::vector<std::string>{ "b+", "a+" } ) );
 }
 
 } // namespace

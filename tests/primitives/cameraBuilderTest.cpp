@@ -4,7 +4,6 @@
 #include <zq/primitives/geCameraBuilder.h>
 
 #include <cmath>
-#include <cstring>
 
 using namespace Zq;
 using ZqTest::Random;
@@ -19,161 +18,92 @@ constexpr T substitute = sizeof( T ) == sizeof( float ) ? T( 0.0001F ) : T( 1e-7
 template <class T>
 constexpr T pi = T( 3.14159265358979323846 );
 template <class T>
-const T widest = T( 3.1405926535897932 );
+constexpr T widest = T( 3.1405926535897932 );
 
-template <class T>
-GePoint3<T> project( const GeProjectiveMatrix3<T>& m, const GePoint3<T>& p )
-{
-    const GeHomogeneousCoord3<T> h = m * GeHomogeneousCoord3<T>( p.getX(), p.getY(), p.getZ(), 1 );
-    return { h.getX() / h.getW(), h.getY() / h.getW(), h.getZ() / h.getW() };
-}
-
-template <class T>
-bool isNear( const GeProjectiveMatrix3<T>& m, const double ( &rows )[4][4] )
-{
-    return m.isEqual( GeProjectiveMatrix3<T>( rows, false ), 8 * ZqTest::epsilon<T> );
-}
-
-TYPED_TEST( CameraBuilder, KnownMatrices )
-{
-    using T = TypeParam;
-    using Builder = GeCameraBuilder<T>;
-    const double perspective[4][4] = { { 0.5, 0, 0, 0 }, { 0, 1, 0, 0 }, { 0, 0, -2, -3 }, { 0, 0, -1, 0 } };
-    const double orthographic[4][4] = { { 0.5, 0, 0, 0 }, { 0, 1, 0, 0 }, { 0, 0, -1, -2 }, { 0, 0, 0, 1 } };
-    EXPECT_PRED2( isNear<T>, Builder::makePerspective( pi<T> / 2, 1, 3, 2 ), perspective );
-    EXPECT_PRED2( isNear<T>, Builder::makeOrthographic( pi<T> / 2, 1, 3, 2 ), orthographic );
-    EXPECT_NEAR( Builder::computeOrthoRadius( pi<T> / 2, 1 ), T( 1 ), ZqTest::epsilon<T> );
-}
-
-// The eight corners of the view volume land on the corners of the cube, however the camera was built.
+// The eight corners of the view volume land on the corners of the cube; w is the depth of a perspective.
 TYPED_TEST( CameraBuilder, TheViewVolumeBecomesTheCube )
 {
     using T = TypeParam;
+    using Coord = GeHomogeneousCoord3<T>;
+    const T tolerance = 500 * ZqTest::epsilon<T>;
     Random random( 51 );
     for ( int i = 0; i < 500; ++i )
     {
-        const T angle = random.uniform<T>( T( 0.1 ), T( 2.5 ) );
-        const T nearDistance = random.uniform<T>( T( 0.5 ), T( 2 ) );
-        const T farDistance = nearDistance + random.uniform<T>( T( 1 ), T( 20 ) );
-        const T aspect = random.uniform<T>( T( 0.5 ), T( 2 ) );
+        const T angle = random.uniform<T>( T( 0.1 ), T( 2.5 ) ), aspect = random.uniform<T>( T( 0.5 ), T( 2 ) );
+        const T distances[] = { random.uniform<T>( T( 0.5 ), T( 2 ) ), random.uniform<T>( T( 4 ), T( 20 ) ) };
+        const bool isFlipped = i % 2; // near behind far: flipped, not refused
+        const T nearDistance = distances[isFlipped], farDistance = distances[!isFlipped];
         const auto perspective = GeCameraBuilder<T>::makePerspective( angle, nearDistance, farDistance, aspect );
         const auto orthographic = GeCameraBuilder<T>::makeOrthographic( angle, nearDistance, farDistance, aspect );
-        const long double slope = std::tan( static_cast<long double>( angle ) / 2 );
+        const T slope = static_cast<T>( std::tan( static_cast<long double>( angle ) / 2 ) );
         for ( int corner = 0; corner < 8; ++corner )
         {
-            const T x = corner & 1 ? T( 1 ) : T( -1 );
-            const T y = corner & 2 ? T( 1 ) : T( -1 );
-            const T z = corner & 4 ? T( 1 ) : T( -1 );
-            const T depth = corner & 4 ? farDistance : nearDistance;
-            const T atDepth = static_cast<T>( slope * depth );
-            const T atNear = static_cast<T>( slope * nearDistance );
-            const GePoint3<T> expected( x, y, z );
-            const T tolerance = 500 * ZqTest::epsilon<T>;
-            EXPECT_TRUE( project( perspective, GePoint3<T>( x * atDepth * aspect, y * atDepth, -depth ) )
-                             .isEqual( expected, tolerance ) );
-            EXPECT_TRUE( project( orthographic, GePoint3<T>( x * atNear * aspect, y * atNear, -depth ) )
-                             .isEqual( expected, tolerance ) );
+            const T x = corner & 1 ? T( 1 ) : T( -1 ), y = corner & 2 ? T( 1 ) : T( -1 ),
+                    z = corner & 4 ? T( 1 ) : T( -1 );
+            const T depth = corner & 4 ? farDistance : nearDistance, size = slope * depth,
+                    extent = slope * nearDistance;
+            const Coord clip = perspective * Coord( x * size * aspect, y * size, -depth, 1 );
+            EXPECT_EQ( clip.getW(), depth );
+            EXPECT_TRUE( ( clip / depth ).isEqual( Coord( x, y, z, 1 ), tolerance ) ) << clip;
+            EXPECT_TRUE( ( orthographic * Coord( x * extent * aspect, y * extent, -depth, 1 ) )
+                             .isEqual( Coord( x, y, z, 1 ), tolerance ) );
         }
-        // flipped, not refused
-        const auto flipped = GeCameraBuilder<T>::makePerspective( angle, farDistance, nearDistance, aspect );
-        EXPECT_NEAR( project( flipped, GePoint3<T>( 0, 0, -nearDistance ) ).getZ(), T( 1 ), 500 * ZqTest::epsilon<T> );
     }
 }
 
 TYPED_TEST( CameraBuilder, AnglesAreCappedFromPiOn )
 {
     using T = TypeParam;
-    using Builder = GeCameraBuilder<T>;
-    const T cap = Builder::computeOrthoRadius( widest<T>, 1 );
-    for ( const T angle : { pi<T>, T( 4 ), ZqTest::infinity<T> } )
-    {
-        EXPECT_EQ( Builder::computeOrthoRadius( angle, 1 ), cap );
-        EXPECT_EQ( Builder::makePerspective( angle, 1, 3, 2 ), Builder::makePerspective( widest<T>, 1, 3, 2 ) );
-    }
+    const auto radius = GeCameraBuilder<T>::computeOrthoRadius;
+    const T cap = radius( widest<T>, 1 ), belowPi = std::nextafter( pi<T>, T( 0 ) );
+    // steep: the next float of the angle is 0.5 away
+    EXPECT_NEAR( double( cap ), sizeof( T ) == sizeof( float ) ? 1999.8428 : 1999.99983333,
+        sizeof( T ) == sizeof( float ) ? 1e-4 : 1e-8 );
+    EXPECT_EQ( radius( pi<T>, 1 ), cap );
+    EXPECT_EQ( radius( ZqTest::infinity<T>, 1 ), cap );
     // between the cap and pi nothing is changed: such an angle sees more than pi itself
-    EXPECT_GT( Builder::computeOrthoRadius( std::nextafter( widest<T>, T( 4 ) ), 1 ), cap );
-    EXPECT_GT( Builder::computeOrthoRadius( std::nextafter( pi<T>, T( 0 ) ), 1 ), T( 1e6 ) );
-    // there the cotangent is zero, and replaced
-    EXPECT_EQ( Builder::makePerspective( std::nextafter( pi<T>, T( 0 ) ), 1, 3, 2 )( 1, 1 ), substitute<T> );
-    if ( sizeof( T ) == sizeof( float ) )
-        EXPECT_NEAR( cap, T( 1999.8428 ), T( 2e-4 ) );
-    else
-        EXPECT_NEAR( cap, T( 1999.99983333 ), T( 1e-8 ) );
-
+    EXPECT_GT( radius( std::nextafter( widest<T>, T( 4 ) ), 1 ), cap );
+    EXPECT_GT( radius( belowPi, 1 ), T( 1e6 ) );
     for ( const T angle : { T( 0 ), T( -1 ), -ZqTest::infinity<T> } )
-    {
-        EXPECT_EQ( Builder::computeOrthoRadius( angle, 5 ), substitute<T> );
-        EXPECT_EQ( Builder::makePerspective( angle, 1, 3, 2 )( 1, 1 ), ZqTest::infinity<T> );
-        EXPECT_EQ( Builder::makeOrthographic( angle, 1, 3, 2 )( 1, 1 ), 1 / substitute<T> );
-    }
-    EXPECT_EQ( Builder::computeOrthoRadius( 1, 0 ), substitute<T> );
-    EXPECT_EQ( Builder::computeOrthoRadius( 1, -3 ), substitute<T> );
+        EXPECT_EQ( radius( angle, 5 ), substitute<T> );
+    EXPECT_EQ( radius( 1, 0 ), substitute<T> );
+    EXPECT_EQ( radius( 1, -3 ), substitute<T> );
+    // a cotangent that counts as zero is replaced, an infinite one is not
+    EXPECT_EQ( GeCameraBuilder<T>::makePerspective( belowPi, 1, 3, 2 )( 1, 1 ), substitute<T> );
+    EXPECT_EQ( GeCameraBuilder<T>::makePerspective( -1, 1, 3, 2 )( 1, 1 ), ZqTest::infinity<T> );
 }
 
-TEST( CameraBuilderFloat, TheFloatLimitsAreExact )
-{
-    const auto fromBits = []( unsigned bits )
-    {
-        float value = 0;
-        std::memcpy( &value, &bits, sizeof value );
-        return value;
-    };
-    using Builder = GeCameraBuilder<float>;
-    EXPECT_EQ( Builder::computeOrthoRadius( 0, 1 ), fromBits( 0x38D1B717U ) );
-    const float cap = Builder::computeOrthoRadius( fromBits( 0x4048FF78U ), 1 );
-    EXPECT_EQ( Builder::computeOrthoRadius( fromBits( 0x40490FDBU ), 1 ), cap );
-    EXPECT_NE( Builder::computeOrthoRadius( fromBits( 0x40490FDAU ), 1 ), cap );
-    EXPECT_NE( Builder::computeOrthoRadius( fromBits( 0x4048FF79U ), 1 ), cap );
-}
-
-TYPED_TEST( CameraBuilder, DegenerateDistancesAreReplaced )
+TYPED_TEST( CameraBuilder, DegenerateArgumentsAreReplaced )
 {
     using T = TypeParam;
-    using Builder = GeCameraBuilder<T>;
-    const T s = substitute<T>;
-    const auto perspective = []( T nearDistance, T farDistance )
-    { return Builder::makePerspective( 1, nearDistance, farDistance, 2 ); };
-    const auto orthographic = []( T nearDistance, T farDistance )
-    { return Builder::makeOrthographic( 1, nearDistance, farDistance, 2 ); };
-
+    const T s = substitute<T>, limit = sizeof( T ) == sizeof( float ) ? T( 1e-6F ) : T( 1e-7 );
+    const auto perspective = []( T nearDistance, T farDistance, T aspect )
+    { return GeCameraBuilder<T>::makePerspective( 1, nearDistance, farDistance, aspect ); };
+    const auto orthographic = []( T nearDistance, T farDistance, T aspect )
+    { return GeCameraBuilder<T>::makeOrthographic( 1, nearDistance, farDistance, aspect ); };
     for ( const T bad : { T( 0 ), T( -0.0 ), T( -1 ), -ZqTest::infinity<T> } )
     {
-        EXPECT_EQ( perspective( bad, 3 ), perspective( s, 3 ) );
-        EXPECT_EQ( perspective( 3, bad ), perspective( 3, s ) );
-        EXPECT_EQ( orthographic( 3, bad ), orthographic( 3, s ) );
-        // the extent comes from the near distance before it is replaced
-        EXPECT_EQ( orthographic( bad, 3 )( 1, 1 ), 1 / s );
-        EXPECT_EQ( orthographic( bad, 3 )( 2, 2 ), orthographic( s, 3 )( 2, 2 ) );
-        EXPECT_EQ( orthographic( bad, 3 )( 2, 3 ), orthographic( s, 3 )( 2, 3 ) );
+        EXPECT_EQ( perspective( bad, 3, 2 ), perspective( s, 3, 2 ) );
+        EXPECT_EQ( perspective( 3, bad, 2 ), perspective( 3, s, 2 ) );
+        EXPECT_EQ( orthographic( 3, bad, 2 ), orthographic( 3, s, 2 ) );
+        // the extent comes from the near distance before that is replaced
+        EXPECT_EQ( orthographic( bad, 3, 2 )( 1, 1 ), 1 / s );
+        EXPECT_EQ( orthographic( bad, 3, 2 )( 2, 2 ), orthographic( s, 3, 2 )( 2, 2 ) );
+        EXPECT_EQ( orthographic( bad, 3, 2 )( 2, 3 ), orthographic( s, 3, 2 )( 2, 3 ) );
     }
-    // equal distances: the difference becomes 0.5
-    EXPECT_EQ( perspective( 2, 2 )( 2, 2 ), T( -8 ) );
-    EXPECT_EQ( perspective( 2, 2 )( 2, 3 ), T( -16 ) );
-    EXPECT_EQ( orthographic( 2, 2 )( 2, 2 ), T( -4 ) );
-    EXPECT_EQ( orthographic( 2, 2 )( 2, 3 ), T( -8 ) );
-    EXPECT_EQ( perspective( -1, 0 ), perspective( s, s ) );
-    EXPECT_EQ( orthographic( s, s )( 2, 2 ), T( -4 ) );
-    // the sum is zero too: tiny distances, below the tolerance together
-    const T tiny = sizeof( T ) == sizeof( float ) ? T( 1e-7 ) : T( 1e-8 );
-    EXPECT_EQ( orthographic( tiny, tiny )( 2, 3 ), -( T( 2 ) * ( 2 * tiny + T( 0.5 ) ) ) );
-    EXPECT_EQ( perspective( tiny, tiny )( 2, 2 ), -( T( 2 ) * ( 2 * tiny + T( 0.5 ) ) ) );
-}
-
-TYPED_TEST( CameraBuilder, AnAspectRatioOfZeroIsReplaced )
-{
-    using T = TypeParam;
-    using Builder = GeCameraBuilder<T>;
-    const T limit = sizeof( T ) == sizeof( float ) ? T( 1e-6F ) : T( 1e-7 );
-    const T below = std::nextafter( limit, T( 0 ) );
-    for ( const T aspect : { T( 0 ), below, -below } )
+    for ( const T zero : { T( 0 ), std::nextafter( limit, T( 0 ) ), std::nextafter( -limit, T( 0 ) ) } )
     {
-        EXPECT_EQ( Builder::makePerspective( 1, 1, 3, aspect ), Builder::makePerspective( 1, 1, 3, substitute<T> ) );
-        EXPECT_EQ( Builder::makeOrthographic( 1, 1, 3, aspect ), Builder::makeOrthographic( 1, 1, 3, substitute<T> ) );
+        EXPECT_EQ( perspective( 1, 3, zero ), perspective( 1, 3, s ) );
+        EXPECT_EQ( orthographic( 1, 3, zero ), orthographic( 1, 3, s ) );
     }
-    const auto m = Builder::makePerspective( 1, 1, 3, limit );
-    const auto o = Builder::makeOrthographic( 1, 1, 3, -limit );
-    EXPECT_EQ( m( 0, 0 ), m( 1, 1 ) / limit );
-    EXPECT_EQ( o( 0, 0 ), o( 1, 1 ) / -limit );
+    for ( const auto& m : { perspective( 1, 3, -limit ), orthographic( 1, 3, -limit ) } )
+        EXPECT_EQ( m( 0, 0 ), m( 1, 1 ) / -limit );
+    // equal distances: the difference becomes 0.5; where their sum counts as zero, 0.5 is added to it
+    const T tiny = limit / 10;
+    EXPECT_EQ( perspective( 2, 2, 2 )( 2, 2 ), T( -8 ) );
+    EXPECT_EQ( perspective( 2, 2, 2 )( 2, 3 ), T( -16 ) );
+    EXPECT_EQ( orthographic( 2, 2, 2 )( 2, 2 ), T( -4 ) );
+    EXPECT_EQ( orthographic( tiny, tiny, 2 )( 2, 3 ), -( T( 2 ) * ( 2 * tiny + T( 0.5 ) ) ) );
 }
 
 TYPED_TEST( CameraBuilder, NaNPassesThrough )
@@ -181,15 +111,12 @@ TYPED_TEST( CameraBuilder, NaNPassesThrough )
     using T = TypeParam;
     using Builder = GeCameraBuilder<T>;
     const T nan = ZqTest::nan<T>;
-    EXPECT_TRUE( std::isnan( Builder::computeOrthoRadius( nan, 1 ) ) );
-    EXPECT_TRUE( std::isnan( Builder::computeOrthoRadius( 1, nan ) ) );
-    EXPECT_TRUE( std::isnan( Builder::makePerspective( nan, 1, 3, 2 )( 1, 1 ) ) );
-    EXPECT_TRUE( std::isnan( Builder::makePerspective( 1, nan, 3, 2 )( 2, 2 ) ) );
-    EXPECT_TRUE( std::isnan( Builder::makePerspective( 1, 1, nan, 2 )( 2, 3 ) ) );
-    EXPECT_TRUE( std::isnan( Builder::makePerspective( 1, 1, 3, nan )( 0, 0 ) ) );
-    EXPECT_TRUE( std::isnan( Builder::makeOrthographic( nan, 1, 3, 2 )( 1, 1 ) ) );
-    EXPECT_TRUE( std::isnan( Builder::makeOrthographic( 1, 1, 3, nan )( 0, 0 ) ) );
-    EXPECT_TRUE( std::isnan( Builder::makePerspective( 1, 1, ZqTest::infinity<T>, 2 )( 2, 2 ) ) );
+    for ( const T result : { Builder::computeOrthoRadius( nan, 1 ), Builder::computeOrthoRadius( 1, nan ),
+              Builder::makePerspective( nan, 1, 3, 2 )( 1, 1 ), Builder::makePerspective( 1, nan, 3, 2 )( 2, 2 ),
+              Builder::makePerspective( 1, 1, nan, 2 )( 2, 3 ), Builder::makePerspective( 1, 1, 3, nan )( 0, 0 ),
+              Builder::makePerspective( 1, 1, ZqTest::infinity<T>, 2 )( 2, 2 ),
+              Builder::makeOrthographic( nan, 1, 3, 2 )( 1, 1 ), Builder::makeOrthographic( 1, 1, 3, nan )( 0, 0 ) } )
+        EXPECT_TRUE( std::isnan( result ) );
 }
 
 } // namespace

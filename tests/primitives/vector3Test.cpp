@@ -1,11 +1,10 @@
 #include "support/random.h"
-#include "support/report.h"
 #include "support/scalars.h"
 
 #include <zq/primitives/geVector3.h>
 
+#include <algorithm>
 #include <cmath>
-#include <iomanip>
 #include <sstream>
 
 using namespace Zq;
@@ -16,93 +15,47 @@ namespace
 
 ZQ_TWIN_SUITE( Vector3 );
 
-TYPED_TEST( Vector3, ProductsAgreeWithALongDoubleReference )
+TYPED_TEST( Vector3, OperationsTakeEachComponentInTheirStatedOrder )
 {
     using T = TypeParam;
+    using Vector = GeVector3<T>;
+    using Point = GePoint3<T>;
     Random random( 1 );
-    for ( int i = 0; i < 2000; ++i )
+    for ( int i = 0; i < 1000; ++i )
     {
-        const GeVector3<T> a = random.vector<T>( 10 );
-        const GeVector3<T> b = random.vector<T>( 10 );
-        using R = long double;
-        const R ax = a.getX(), ay = a.getY(), az = a.getZ(), bx = b.getX(), by = b.getY(), bz = b.getZ();
-        const R bound = 300 * R( ZqTest::epsilon<T> ); // 3 products of up to 100, each rounded
-        EXPECT_LE( std::fabs( R( a.dot( b ) ) - ( ax * bx + ay * by + az * bz ) ), bound );
-        const GeVector3<T> c = a.cross( b );
-        EXPECT_LE( std::fabs( R( c.getX() ) - ( ay * bz - az * by ) ), bound );
-        EXPECT_LE( std::fabs( R( c.getY() ) - ( az * bx - ax * bz ) ), bound );
-        EXPECT_LE( std::fabs( R( c.getZ() ) - ( ax * by - ay * bx ) ), bound );
-        EXPECT_LE( std::fabs( R( a.length() ) - std::sqrt( ax * ax + ay * ay + az * az ) ), bound );
+        const Vector a = random.vector<T>( 10 ), b = random.vector<T>( 10 );
+        const Point p( a ), q( b );
+        const T factor = random.uniform<T>( 1, 50 ), reciprocal = 1 / factor;
+        for ( int axis = 0; axis < 3; ++axis )
+        {
+            const int next = ( axis + 1 ) % 3, last = ( axis + 2 ) % 3;
+            const T x = a[axis], y = b[axis];
+            EXPECT_TRUE( ( a + b )[axis] == x + y && ( a - b )[axis] == x - y );
+            EXPECT_TRUE( ( a * factor )[axis] == x * factor && ( a / factor )[axis] == x * reciprocal );
+            EXPECT_EQ( a.cross( b )[axis], a[next] * b[last] - a[last] * b[next] );
+            EXPECT_EQ( Vector::computeMin( a, b )[axis], std::min( x, y ) );
+            EXPECT_EQ( Vector::computeMax( a, b )[axis], std::max( x, y ) );
+        }
+        const T sizes[] = { std::fabs( a[0] ), std::fabs( a[1] ), std::fabs( a[2] ) };
+        EXPECT_EQ( a.dot( b ), a[0] * b[0] + a[1] * b[1] + a[2] * b[2] );
+        EXPECT_EQ( a.length(), std::sqrt( a.dot( a ) ) );
+        EXPECT_EQ( a.computeAbsSum(), sizes[0] + sizes[1] + sizes[2] );
+        EXPECT_EQ( a.computeMaxAbs(), *std::max_element( sizes, sizes + 3 ) );
+        EXPECT_TRUE( -a == a * T( -1 ) && factor * a == a * factor );
+        EXPECT_TRUE( ( Vector( a ) += b ) == a + b && ( Vector( a ) -= b ) == a - b );
+        EXPECT_TRUE( ( Vector( a ) *= factor ) == a * factor && ( Vector( a ) /= factor ) == a / factor );
+        // points follow their vectors
+        EXPECT_TRUE( p + b == Point( a + b ) && p - b == Point( a - b ) && p - q == a - b );
+        EXPECT_TRUE( ( Point( p ) += b ) == p + b && ( Point( p ) -= b ) == p - b );
+        EXPECT_EQ( Point::computeMin( p, q ), Point( Vector::computeMin( a, b ) ) );
+        EXPECT_EQ( Point::computeMax( p, q ), Point( Vector::computeMax( a, b ) ) );
     }
-}
-
-TYPED_TEST( Vector3, DivisionIsOneReciprocal )
-{
-    using T = TypeParam;
-    Random random( 2 );
-    bool sawDifference = false;
-    for ( int i = 0; i < 200; ++i )
-    {
-        const GeVector3<T> v = random.vector<T>( 1 );
-        const T divisor = random.uniform<T>( 1, 50 );
-        const T reciprocal = T( 1 ) / divisor;
-        GeVector3<T> w = v;
-        w /= divisor;
-        EXPECT_EQ( v / divisor, v * reciprocal );
-        EXPECT_EQ( w, v * reciprocal );
-        sawDifference = sawDifference || ( v / divisor ).getX() != v.getX() / divisor;
-    }
-    EXPECT_TRUE( sawDifference );
-}
-
-TYPED_TEST( Vector3, SizesAndExtremesTakeMagnitudesOfNegativeComponents )
-{
-    using T = TypeParam;
-    const GeVector3<T> v( -4, 2, -1 );
-    const GeVector3<T> w( 1, -8, -1 );
-    EXPECT_EQ( v.computeAbsSum(), T( 7 ) );
-    EXPECT_EQ( v.computeMaxAbs(), T( 4 ) );
-    EXPECT_EQ( w.computeMaxAbs(), T( 8 ) );
-    EXPECT_EQ( ( GeVector3<T>( 1, 2, -9 ).computeMaxAbs() ), T( 9 ) );
-    EXPECT_EQ( ( GeVector3<T>::computeMin( v, w ) ), ( GeVector3<T>( -4, -8, -1 ) ) );
-    EXPECT_EQ( ( GeVector3<T>::computeMax( v, w ) ), ( GeVector3<T>( 1, 2, -1 ) ) );
-    EXPECT_EQ( ( GePoint3<T>::computeMin( GePoint3<T>( v ), GePoint3<T>( w ) ) ), ( GePoint3<T>( -4, -8, -1 ) ) );
-    EXPECT_EQ( ( GePoint3<T>::computeMax( GePoint3<T>( v ), GePoint3<T>( w ) ) ), ( GePoint3<T>( 1, 2, -1 ) ) );
-}
-
-TYPED_TEST( Vector3, PointAndVectorArithmeticKeepTheirTypes )
-{
-    using T = TypeParam;
-    const GePoint3<T> p( 1, 2, 3 );
-    const GeVector3<T> v( 10, 20, 30 );
-    GePoint3<T> moved = p;
-    moved += v;
-    EXPECT_EQ( moved, p + v );
-    const GeVector3<T> difference = moved - p;
-    EXPECT_EQ( difference, v );
-    moved -= v;
-    EXPECT_EQ( moved, p );
-    EXPECT_EQ( ( p - v ), ( GePoint3<T>( -9, -18, -27 ) ) );
-    static_assert( !std::is_convertible_v<GePoint3<T>, GeVector3<T>> );
-    static_assert( !std::is_convertible_v<GeVector3<T>, GePoint3<T>> );
-    static_assert( !std::is_convertible_v<GeVector3<T>, GeUnitVector3<T>> );
-    static_assert( std::is_convertible_v<GeUnitVector3<T>, GeVector3<T>> );
-}
-
-TYPED_TEST( Vector3, ToleranceIsStrictAndNaNEqualsNothing )
-{
-    using T = TypeParam;
-    const GeVector3<T> a( 1, 2, 3 );
-    EXPECT_TRUE( a.isEqual( GeVector3<T>( 1, 2, T( 3.25 ) ), T( 0.5 ) ) );
-    EXPECT_FALSE( a.isEqual( GeVector3<T>( 1, 2, T( 3.5 ) ), T( 0.5 ) ) );
-    EXPECT_FALSE( a.isEqual( GeVector3<T>( 1, T( 1.5 ), 3 ), T( 0.5 ) ) );
-    EXPECT_FALSE( a.isEqual( GeVector3<T>( T( 0.5 ), 2, 3 ), T( 0.5 ) ) );
-    EXPECT_FALSE( a.isEqual( a, 0 ) );
-    const GeVector3<T> bad( 1, ZqTest::nan<T>, 3 );
-    EXPECT_TRUE( bad != bad );
-    EXPECT_FALSE( bad == bad );
-    EXPECT_FALSE( bad.isEqual( bad, 1 ) );
-    EXPECT_EQ( ( GeVector3<T>( T( -0.0 ), 0, 0 ) ), GeVector3<T>() );
+    const GeVector3<double> d( 0.1, 0.2, -0.3 );
+    EXPECT_EQ( Vector( d ), Vector( T( 0.1 ), T( 0.2 ), T( -0.3 ) ) );
+    EXPECT_EQ( Point( GePoint3<double>( d ) ), Point( Vector( d ) ) );
+    static_assert( !std::is_convertible_v<Point, Vector> && !std::is_convertible_v<Vector, Point> );
+    static_assert(
+        !std::is_convertible_v<Vector, GeUnitVector3<T>> && std::is_convertible_v<GeUnitVector3<T>, Vector> );
 }
 
 TYPED_TEST( Vector3, NormalizationHoldsUnitLengthOverTheWorkingRange )
@@ -115,15 +68,9 @@ TYPED_TEST( Vector3, NormalizationHoldsUnitLengthOverTheWorkingRange )
         GeVector3<T> v = random.vector<T>( 1 ) * scale;
         const T before = v.length();
         EXPECT_EQ( v.normalize(), before );
-        EXPECT_TRUE( FloatUtil::isEqual( v.length(), T( 1 ) ) );
-        // trusted again: what normalisation makes passes the unit-length check
+        // what normalisation makes passes the unit-length check
         EXPECT_NO_THROW( GeUnitVector3<T>( v.getX(), v.getY(), v.getZ(), GE_TRUSTED ) );
     }
-}
-
-TYPED_TEST( Vector3, DegenerateNormalization )
-{
-    using T = TypeParam;
     GeVector3<T> zero;
     EXPECT_EQ( zero.normalize(), T( 0 ) );
     EXPECT_EQ( zero, GeVector3<T>() );
@@ -133,50 +80,30 @@ TYPED_TEST( Vector3, DegenerateNormalization )
     EXPECT_EQ( GeUnitVector3<T>().length(), T( 0 ) );
 }
 
-TYPED_TEST( Vector3, AnglesAgainstAReference )
+TYPED_TEST( Vector3, AnglesAndReflections )
 {
     using T = TypeParam;
     Random random( 4 );
     for ( int i = 0; i < 2000; ++i )
     {
-        const GeVector3<T> a = random.vector<T>( 5 );
-        const GeVector3<T> b = random.vector<T>( 5 );
-        using R = long double;
+        const GeVector3<T> a = random.vector<T>( 5 ), b = random.vector<T>( 5 );
+        const GeUnitVector3<T> u( a ), v( b );
         // through the half-angle tangent: another route than the arc cosine
-        const GeVector3<T> u = a / a.length(), v = b / b.length();
-        const R expected = 2 * std::atan2( R( ( u - v ).length() ), R( ( u + v ).length() ) );
-        const R bound = 40 * std::sqrt( R( ZqTest::epsilon<T> ) ) * std::sqrt( R( ZqTest::epsilon<T> ) ) /
-            std::max( R( 1e-2 ), std::sin( expected ) );
-        EXPECT_NEAR( double( a.computeAngle( b ) ), double( expected ), double( bound ) );
-        EXPECT_NEAR( double( a.computeUnit().computeAngle( b.computeUnit() ) ), double( expected ), double( bound ) );
+        const double expected = 2 * std::atan2( double( ( u - v ).length() ), double( ( u + v ).length() ) );
+        const double bound = 40 * double( ZqTest::epsilon<T> ) / std::max( 1e-2, std::sin( expected ) );
+        EXPECT_NEAR( double( a.computeAngle( b ) ), expected, bound );
+        EXPECT_NEAR( double( u.computeAngle( v ) ), expected, bound );
+        // a dot product of rounded unit vectors beyond 1 must not make a NaN
+        EXPECT_GE( u.computeAngle( u ), T( 0 ) );
+        EXPECT_LE( u.computeAngle( -u ), T( 3.1415927410125732 ) );
+        T cosine = 0;
+        const GeVector3<T> mirrored = u.computeReflection( v, cosine );
+        EXPECT_EQ( cosine, a.computeUnit().dot( v ) );
+        EXPECT_TRUE( ( mirrored + u ).isEqual( v * ( 2 * cosine ), 8 * ZqTest::epsilon<T> ) );
     }
     const GeVector3<T> x( 3, 0, 0 );
     EXPECT_EQ( x.computeAngle( GeVector3<T>() ), T( 0 ) );
     EXPECT_EQ( GeVector3<T>().computeAngle( x ), T( 0 ) );
-    EXPECT_EQ( x.computeAngle( x ), T( 0 ) );
-    // a dot product of rounded unit vectors beyond 1 must not make a NaN
-    for ( int i = 0; i < 500; ++i )
-    {
-        const GeUnitVector3<T> u = random.direction<T>();
-        EXPECT_GE( u.computeAngle( u ), T( 0 ) );
-        EXPECT_LE( u.computeAngle( -u ), T( 3.1415927410125732 ) );
-    }
-}
-
-TYPED_TEST( Vector3, ReflectionMirrorsAboutTheNormal )
-{
-    using T = TypeParam;
-    Random random( 5 );
-    for ( int i = 0; i < 500; ++i )
-    {
-        const GeUnitVector3<T> v = random.direction<T>();
-        const GeUnitVector3<T> n = random.direction<T>();
-        T cosine = 0;
-        const GeVector3<T> mirrored = v.computeReflection( n, cosine );
-        EXPECT_EQ( cosine, v.dot( n ) );
-        EXPECT_NEAR( mirrored.dot( n ), cosine, 8 * ZqTest::epsilon<T> );
-        EXPECT_TRUE( ( mirrored + v ).isEqual( n * ( 2 * cosine ), 8 * ZqTest::epsilon<T> ) );
-    }
 }
 
 template <class V>
@@ -188,27 +115,17 @@ V parse( const std::string& text, bool& failed, V start )
     return start;
 }
 
-TYPED_TEST( Vector3, TextFormIsExactAndReadsBack )
+TYPED_TEST( Vector3, TextReadsBack )
 {
     using T = TypeParam;
-    std::ostringstream os;
-    os << GeVector3<T>( 1, T( 2.5 ), -3 ) << GePoint3<T>( 0, 1, 2 ) << GeUnitVector3<T>( 0, 0, 2 );
-    EXPECT_EQ( os.str(), "(1, 2.5, -3)(0, 1, 2)(0, 0, 1)" );
-
-    std::ostringstream formatted;
-    formatted << std::fixed << std::setprecision( 2 ) << GePoint3<T>( 1, 2, 3 );
-    EXPECT_EQ( formatted.str(), "(1.00, 2.00, 3.00)" );
-
-    Random random( 6 );
-    for ( int i = 0; i < 500; ++i )
-    {
-        const GeVector3<T> v = random.vector<T>( 1000 );
-        std::stringstream exact;
-        exact << std::setprecision( std::numeric_limits<T>::max_digits10 ) << v;
-        GeVector3<T> back;
-        exact >> back;
-        EXPECT_EQ( v, back );
-    }
+    bool failed = true;
+    EXPECT_EQ( parse( " ( 1 ,2,\n  3\t)", failed, GePoint3<T>() ), ( GePoint3<T>( 1, 2, 3 ) ) );
+    EXPECT_FALSE( failed );
+    const GeUnitVector3<T> read = parse( "(3, 0, 4)", failed, GeUnitVector3<T>( 0, 1, 0 ) );
+    EXPECT_TRUE( read.isEqual( GeUnitVector3<T>( T( 0.6 ), 0, T( 0.8 ) ), 2 * ZqTest::epsilon<T> ) );
+    // a zero vector is read without complaint and keeps the direction
+    EXPECT_EQ( parse( "(0, 0, 0)", failed, read ), read );
+    EXPECT_FALSE( failed );
 }
 
 TYPED_TEST( Vector3, MalformedTextChangesNothing )
@@ -218,55 +135,26 @@ TYPED_TEST( Vector3, MalformedTextChangesNothing )
     for ( const char* text : { "", "(1, 2)", "1 2 3", "(1 2 3)", "[1, 2, 3]", "(1; 2, 3)", "(1, 2; 3)", "(1, 2, 3",
               "(1, 2, 3]", "(a, 2, 3)", "(1, 2, b)" } )
     {
-        bool failed = false;
-        EXPECT_EQ( parse( text, failed, before ), before ) << text;
-        EXPECT_TRUE( failed ) << text;
-        EXPECT_EQ( parse( text, failed, GePoint3<T>( before ) ), GePoint3<T>( before ) ) << text;
-        EXPECT_TRUE( failed ) << text;
-        EXPECT_EQ( parse( text, failed, GeUnitVector3<T>( 0, 1, 0 ) ), ( GeUnitVector3<T>( 0, 1, 0 ) ) ) << text;
-        EXPECT_TRUE( failed ) << text;
+        bool vectorFailed = false, pointFailed = false, unitFailed = false;
+        EXPECT_EQ( parse( text, vectorFailed, before ), before ) << text;
+        EXPECT_EQ( parse( text, pointFailed, GePoint3<T>( before ) ), GePoint3<T>( before ) ) << text;
+        EXPECT_EQ( parse( text, unitFailed, GeUnitVector3<T>( 0, 1, 0 ) ), ( GeUnitVector3<T>( 0, 1, 0 ) ) ) << text;
+        EXPECT_TRUE( vectorFailed && pointFailed && unitFailed ) << text;
     }
-    bool failed = true;
-    EXPECT_EQ( parse( " ( 1 ,2,\n  3\t)", failed, before ), ( GeVector3<T>( 1, 2, 3 ) ) );
-    EXPECT_FALSE( failed );
-
     // characters that were consumed are gone, and a wrong mark does not stop the reading of the rest
     std::istringstream is( "[1, 2, 3] x" );
     GeVector3<T> v = before;
     v.read( is );
     is.clear();
-    char next = 0;
-    is >> next;
-    EXPECT_EQ( next, 'x' );
+    EXPECT_EQ( ( is >> std::ws ).peek(), 'x' );
 
     std::istringstream spoilt( "(1, 2, 3)" );
     spoilt.setstate( std::ios_base::failbit );
-    v.read( spoilt );
-    EXPECT_EQ( v, before );
-
     std::istream noBuffer( nullptr );
+    v.read( spoilt );
     v.read( noBuffer );
+    EXPECT_EQ( v, before );
     EXPECT_TRUE( noBuffer.bad() && noBuffer.fail() );
-}
-
-TYPED_TEST( Vector3, ReadingAUnitVectorNormalizes )
-{
-    using T = TypeParam;
-    bool failed = true;
-    const GeUnitVector3<T> read = parse( "(3, 0, 4)", failed, GeUnitVector3<T>( 0, 1, 0 ) );
-    EXPECT_FALSE( failed );
-    EXPECT_TRUE( read.isEqual( GeUnitVector3<T>( T( 0.6 ), 0, T( 0.8 ) ), 2 * ZqTest::epsilon<T> ) );
-    // a zero vector is read without complaint and keeps the direction
-    EXPECT_EQ( parse( "(0, 0, 0)", failed, read ), read );
-    EXPECT_FALSE( failed );
-}
-
-TYPED_TEST( Vector3, ConversionBetweenScalarsRoundsEachComponent )
-{
-    const GeVector3<double> d( 0.1, 1e-50, -3 );
-    const GeVector3<float> f( d );
-    EXPECT_EQ( f, GeVector3<float>( 0.1F, 0.0F, -3.0F ) );
-    EXPECT_EQ( GePoint3<double>( GePoint3<float>( f ) ).getX(), double( 0.1F ) );
 }
 
 } // namespace

@@ -3,203 +3,156 @@
 
 #include "random.h"
 
+#include <zq/primitives/geProjectiveMatrix3.h>
+
 #include <algorithm>
-#include <array>
 #include <cmath>
-#include <cstddef>
-#include <cstring>
+#include <utility>
 
 namespace ZqTest
 {
 
-/// Matrices by other means than the library's: plain arrays of rows.
-template <class T, std::size_t n>
-using Rows = std::array<std::array<T, n>, n>;
-
-template <class U, std::size_t n, class Matrix>
-Rows<U, n> toRows( const Matrix& m )
+/// A matrix by other means than the library's: plain rows.
+template <class T, int n>
+struct Rows
 {
-    Rows<U, n> rows{};
-    for ( std::size_t r = 0; r < n; ++r )
+    T& operator()( int r, int c ) { return at[r][c]; }
+    T operator()( int r, int c ) const { return at[r][c]; }
+    /// The sign of zero counts.
+    bool operator==( const Rows& other ) const
     {
-        for ( std::size_t c = 0; c < n; ++c )
-            rows[r][c] = static_cast<U>( m( static_cast<int>( r ), static_cast<int>( c ) ) );
+        for ( int i = 0; i < n * n; ++i )
+        {
+            const T x = at[i / n][i % n], y = other.at[i / n][i % n];
+            if ( !( x == y ) || std::signbit( x ) != std::signbit( y ) )
+                return false;
+        }
+        return true;
     }
-    return rows;
+
+    T at[4][4] = {}; // room for the largest
+};
+
+/// Calls f( row, column ) for every place.
+template <int rows, int columns = rows, class F>
+void forEachPlace( F&& f )
+{
+    for ( int i = 0; i < rows * columns; ++i )
+        f( i / columns, i % columns );
 }
 
-template <class Matrix, class U, std::size_t n>
-Matrix fromRows( const Rows<U, n>& rows )
+/// The part of a matrix that is free.
+template <class Matrix>
+constexpr int rowCount = 3;
+template <class T>
+constexpr int rowCount<Zq::GeProjectiveMatrix3<T>> = 4;
+template <class Matrix>
+constexpr int columnCount = 4;
+template <class T>
+constexpr int columnCount<Zq::GeLinearMatrix3<T>> = 3;
+
+/// Small integers: every sum and product of them is exact, so that equations hold without tolerance.
+template <class Matrix>
+Matrix randomIntegers( Random& random, int largest )
 {
     Matrix m;
-    for ( std::size_t r = 0; r < n; ++r )
-    {
-        for ( std::size_t c = 0; c < n; ++c )
-            m( static_cast<int>( r ), static_cast<int>( c ) ) = rows[r][c];
-    }
+    forEachPlace<rowCount<Matrix>, columnCount<Matrix>>(
+        [&]( int r, int c ) { m( r, c ) = decltype( m( r, c ) + 0 )( random.index( 2 * largest + 1 ) - largest ); } );
     return m;
 }
 
-/// Small integers, so that products and determinants are exact.
-template <class T, std::size_t n>
-Rows<T, n> randomIntegers( Random& random, int size )
+/// The upper left block of a matrix.
+template <class T, int n, class Matrix>
+Rows<T, n> toRows( const Matrix& m )
 {
-    Rows<T, n> rows{};
-    for ( auto& row : rows )
-    {
-        for ( T& element : row )
-            element = static_cast<T>( random.index( 2 * size + 1 ) - size );
-    }
+    Rows<T, n> rows;
+    forEachPlace<n>( [&]( int r, int c ) { rows( r, c ) = static_cast<T>( m( r, c ) ); } );
     return rows;
 }
 
-/// The matrix without one row and one column.
-template <class U, std::size_t n>
-Rows<U, n - 1> without( const Rows<U, n>& m, std::size_t row, std::size_t column )
+template <class T, int n>
+Rows<T, n> multiply( const Rows<T, n>& a, const Rows<T, n>& b )
 {
-    Rows<U, n - 1> rest{};
-    for ( std::size_t r = 0; r + 1 < n; ++r )
-    {
-        for ( std::size_t c = 0; c + 1 < n; ++c )
-            rest[r][c] = m[r < row ? r : r + 1][c < column ? c : c + 1];
-    }
-    return rest;
-}
-
-/// Leibniz: the sum over all permutations. Exact for integers.
-template <class U, std::size_t n>
-U determinant( const Rows<U, n>& m )
-{
-    std::array<std::size_t, n> order{};
-    for ( std::size_t i = 0; i < n; ++i )
-        order[i] = i;
-    U sum = 0;
-    do
-    {
-        U product = 1;
-        for ( std::size_t i = 0; i < n; ++i )
-        {
-            product *= m[i][order[i]];
-            for ( std::size_t j = 0; j < i; ++j )
-                product = order[j] > order[i] ? -product : product;
-        }
-        sum += product;
-    } while ( std::next_permutation( order.begin(), order.end() ) );
-    return sum;
-}
-
-template <class U, std::size_t n>
-Rows<U, n> multiply( const Rows<U, n>& a, const Rows<U, n>& b )
-{
-    Rows<U, n> product{};
-    for ( std::size_t r = 0; r < n; ++r )
-    {
-        for ( std::size_t c = 0; c < n; ++c )
-        {
-            for ( std::size_t k = 0; k < n; ++k )
-                product[r][c] += a[r][k] * b[k][c];
-        }
-    }
+    Rows<T, n> product;
+    for ( int k = 0; k < n; ++k )
+        forEachPlace<n>( [&]( int r, int c ) { product( r, c ) += a( r, k ) * b( k, c ); } );
     return product;
 }
 
-/// Which row becomes the pivot when several weigh the same, and whether the scale of a row moves with it.
-struct PivotRule
+/// The determinant of the matrix without one row and one column, by expansion. Exact for integers.
+template <class T, int n>
+T minorOf( const Rows<T, n>& m, int row, int column )
 {
-    bool laterRowWins = true;
-    bool scalesMove = false;
-};
+    Rows<T, n - 1> rest;
+    forEachPlace<n - 1>( [&]( int r, int c ) { rest( r, c ) = m( r < row ? r : r + 1, c < column ? c : c + 1 ); } );
+    return determinantOf( rest );
+}
 
-/// Gaussian elimination that updates the rest of the matrix after every pivot and never moves a row: another order of
-/// work than the library's, yet each element goes through the same operations, so that the bits must agree.
-/// Answers false for a zero pivot.
-template <class T, std::size_t n>
-bool eliminate( Rows<T, n> a, PivotRule rule, Rows<T, n>& inverse, T& determinant )
+template <class T, int n>
+T determinantOf( const Rows<T, n>& m )
 {
-    std::array<std::size_t, n> order{}; // order[i]: which row stands at place i
-    std::array<T, n> scale{};           // by place
-    for ( std::size_t i = 0; i < n; ++i )
+    T sum = 0;
+    if constexpr ( n == 1 )
+        sum = m( 0, 0 );
+    else
+        for ( int c = 0; c < n; ++c )
+            sum += ( c % 2 ? -1 : 1 ) * m( 0, c ) * minorOf( m, 0, c );
+    return sum;
+}
+
+/// Inverse and determinant by Gaussian elimination beside an identity matrix: another order of work than the library's,
+/// yet each element goes through the same operations, so that the bits must agree. False for a zero pivot.
+template <class T, int n>
+bool eliminate( Rows<T, n> a, Rows<T, n>& inverse, T& determinant )
+{
+    T scale[4];
+    for ( int i = 0; i < n; ++i )
     {
-        order[i] = i;
         T largest = 0;
-        for ( const T element : a[i] )
-            largest = std::max( largest, std::fabs( element ) );
-        if ( largest == 0 )
-            return false;
+        for ( int k = 0; k < n; ++k )
+            largest = std::max( largest, std::fabs( a( i, k ) ) );
         scale[i] = 1 / largest;
     }
-    determinant = 1;
-    for ( std::size_t j = 0; j < n; ++j )
+    const auto subtractRow = [&]( int from, T factor, int row )
     {
-        std::size_t p = j;
-        for ( std::size_t i = j + 1; i < n; ++i )
+        for ( int k = 0; k < n; ++k )
         {
-            const T best = scale[p] * std::fabs( a[order[p]][j] );
-            const T weight = scale[i] * std::fabs( a[order[i]][j] );
-            if ( weight > best || ( rule.laterRowWins && weight == best ) )
-                p = i;
+            a( from, k ) -= factor * a( row, k );
+            inverse( from, k ) -= factor * inverse( row, k );
         }
+    };
+    inverse = Rows<T, n>();
+    for ( int i = 0; i < n; ++i )
+        inverse( i, i ) = 1;
+    determinant = 1;
+    for ( int j = 0; j < n; ++j )
+    {
+        int p = j;
+        for ( int i = j; i < n; ++i )
+            p = scale[i] * std::fabs( a( i, j ) ) >= scale[p] * std::fabs( a( p, j ) ) ? i : p; // the later of equals
         if ( p != j )
         {
-            std::swap( order[j], order[p] );
+            // the scales stay in their places
+            std::swap( a.at[j], a.at[p] );
+            std::swap( inverse.at[j], inverse.at[p] );
             determinant = -determinant;
-            if ( rule.scalesMove )
-                std::swap( scale[j], scale[p] );
         }
-        const auto& pivotRow = a[order[j]];
-        if ( std::fabs( pivotRow[j] ) < T( 1e-9 ) )
+        if ( std::fabs( a( j, j ) ) < T( 1e-9 ) )
             return false;
-        for ( std::size_t i = j + 1; i < n; ++i )
-        {
-            auto& row = a[order[i]];
-            row[j] *= 1 / pivotRow[j];
-            for ( std::size_t k = j + 1; k < n; ++k )
-                row[k] -= row[j] * pivotRow[k];
-        }
+        for ( int i = j + 1; i < n; ++i )
+            subtractRow( i, a( i, j ) * ( 1 / a( j, j ) ), j );
     }
-    for ( std::size_t j = 0; j < n; ++j )
-        determinant *= a[order[j]][j];
-    for ( std::size_t c = 0; c < n; ++c )
-    {
-        std::array<T, n> x{};
-        for ( std::size_t i = 0; i < n; ++i )
+    for ( int i = 0; i < n; ++i )
+        determinant *= a( i, i );
+    forEachPlace<n>(
+        [&]( int step, int c )
         {
-            x[i] = order[i] == c ? T( 1 ) : T( 0 );
-            for ( std::size_t k = 0; k < i; ++k )
-                x[i] -= a[order[i]][k] * x[k];
-        }
-        for ( std::size_t i = n; i-- > 0; )
-        {
-            for ( std::size_t k = i + 1; k < n; ++k )
-                x[i] -= a[order[i]][k] * x[k];
-            x[i] /= a[order[i]][i];
-            inverse[i][c] = x[i];
-        }
-    }
+            const int i = n - 1 - step;
+            for ( int k = i + 1; k < n; ++k )
+                inverse( i, c ) -= a( i, k ) * inverse( k, c );
+            inverse( i, c ) /= a( i, i );
+        } );
     return true;
-}
-
-/// Equal including the sign of zero.
-template <class T, std::size_t n>
-bool sameBits( const Rows<T, n>& a, const Rows<T, n>& b )
-{
-    bool same = true;
-    for ( std::size_t r = 0; r < n; ++r )
-    {
-        for ( std::size_t c = 0; c < n; ++c )
-            same = same && a[r][c] == b[r][c] && std::signbit( a[r][c] ) == std::signbit( b[r][c] );
-    }
-    return same;
-}
-
-/// The values of an object in the order of its memory.
-template <class T, std::size_t count, class Object>
-std::array<T, count> storedValues( const Object& object )
-{
-    std::array<T, count> values{};
-    static_assert( sizeof values == sizeof object );
-    std::memcpy( values.data(), &object, sizeof object );
-    return values;
 }
 
 } // namespace ZqTest

@@ -1,0 +1,23 @@
+#ifndef ZQ_TESTS_SUPPORT_NUMBERS_H
+#define ZQ_TESTS_SUPPORT_NUMBERS_H
+
+#include <array>
+#include <cstddef>
+#include <cstring>
+
+namespace ZqTest
+{
+
+/// The numbers that a value consists of, in the order of its memory.
+template <class T, class Value>
+auto numbersOf( const Value& value )
+{
+    std::array<T, sizeof( Value ) / sizeof( T )> numbers{};
+    static_assert( sizeof numbers == sizeof value );
+    std::memcpy( numbers.data(), &value, sizeof value );
+    return numbers;
+}
+
+} // namespace ZqTest
+
+#endif
