@@ -317,7 +317,7 @@ Canvas drawConesPicture( ObjFile& file )
     {
         const double x = column * 512;
         const double y = 94 + row * 465;
-        Scene scene( picture, { x, y + 40, PANEL, 420 }, camera );
+        Scene scene( picture, { x, y + 40, static_cast<double>( PANEL ), 420 }, camera );
         draw( scene, patch );
         picture = scene.resolve();
         return scene;

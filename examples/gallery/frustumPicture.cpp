@@ -116,10 +116,10 @@ Canvas drawFrustumPicture( ObjFile& file )
     Canvas picture = scene.resolve();
 
     // what the camera sees, in the corner
-    constexpr float WIDTH = 300;
-    constexpr float HEIGHT = 225;
+    constexpr int WIDTH = 300;
+    constexpr int HEIGHT = 225;
     const Viewport inset{ 1024 - WIDTH - 28, 28, WIDTH, HEIGHT };
-    Canvas sky( static_cast<int>( WIDTH ), static_cast<int>( HEIGHT ) );
+    Canvas sky( WIDTH, HEIGHT );
     sky.fillVerticalGradient( makeColor( 0xBFD9EA ), makeColor( 0xEEF3F5 ) );
     Scene view( sky, { 0, 0, WIDTH, HEIGHT }, camera );
     drawTown( view, town );

@@ -156,7 +156,8 @@ Spot Scene::computeSpot( const GePoint3<float>& point ) const
 
 GeHomogeneousCoord3<double> Scene::transform( const GePoint3<float>& point ) const
 {
-    return _clipMatrix * GeHomogeneousCoord3<double>( point.getX(), point.getY(), point.getZ(), 1 );
+    const GePoint3<double> p( point );
+    return _clipMatrix * GeHomogeneousCoord3<double>( p.getX(), p.getY(), p.getZ(), 1 );
 }
 
 void Scene::drawPolygon( const Polygon& polygon, const Raster::Shader& shader, float opacity )

@@ -26,8 +26,8 @@
 
 static std::atomic<long> allocations{ 0 };
 
-// The array forms of the standard library come here.
-void* operator new( std::size_t size )
+// The array forms of the standard library come here. Inlined on one side only, GCC would call the pair mismatched.
+[[gnu::noinline]] void* operator new( std::size_t size )
 {
     ++allocations;
     if ( void* memory = std::malloc( size ? size : 1 ) )
@@ -35,12 +35,12 @@ void* operator new( std::size_t size )
     throw std::bad_alloc();
 }
 
-void operator delete( void* memory ) noexcept
+[[gnu::noinline]] void operator delete( void* memory ) noexcept
 {
     std::free( memory );
 }
 
-void operator delete( void* memory, std::size_t ) noexcept
+[[gnu::noinline]] void operator delete( void* memory, std::size_t ) noexcept
 {
     std::free( memory );
 }

@@ -40,8 +40,8 @@ TEST( Vector2OfInt, ArithmeticIsExactAndNothingTakesARoot )
     Random random( 20 );
     for ( int i = 0; i < 200; ++i )
     {
-        const GeVector2<int> v( random.index( 2001 ) - 1000, random.index( 2001 ) - 1000 );
-        const GeVector2<int> w( random.index( 2001 ) - 1000, random.index( 2001 ) - 1000 );
+        const GeVector2<int> v( random.index( 201 ) - 100, random.index( 201 ) - 100 );
+        const GeVector2<int> w( random.index( 201 ) - 100, random.index( 201 ) - 100 );
         const GeVector2<int> turned = v.computePerpendicular();
         EXPECT_EQ( v.dot( turned ), 0 );
         EXPECT_EQ( v.cross( turned ), v.lengthSquared() ); // counter-clockwise
