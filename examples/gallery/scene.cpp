@@ -22,7 +22,7 @@ Studio makeStudio( const Camera& camera )
 {
     const GeLinearMatrix3<float> axes = makeView<float>( camera ).getLinear();
     const auto row = [&axes]( int i ) { return GeVector3<float>( axes( i, 0 ), axes( i, 1 ), axes( i, 2 ) ); };
-    return Studio( camera.eye, row( 0 ), row( 1 ), row( 2 ) );
+    return { camera.eye, row( 0 ), row( 1 ), row( 2 ) };
 }
 
 GeVector3<float> computeNormal( const Polygon& polygon )

@@ -85,7 +85,7 @@ using Library = std::unique_ptr<void, int ( * )( void* )>;
 
 Library load( const char* path, int flags = RTLD_NOW | RTLD_LOCAL )
 {
-    return Library( dlopen( path, flags ), &dlclose );
+    return { dlopen( path, flags ), &dlclose };
 }
 
 /// At the end the registry and the records are those of libZQbase alone.
