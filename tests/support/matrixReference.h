@@ -43,13 +43,13 @@ void forEachPlace( F&& f )
 
 /// The part of a matrix that is free.
 template <class Matrix>
-constexpr int rowCount = 3;
+inline constexpr int rowCount = 3;
 template <class T>
-constexpr int rowCount<Zq::GeProjectiveMatrix3<T>> = 4;
+inline constexpr int rowCount<Zq::GeProjectiveMatrix3<T>> = 4;
 template <class Matrix>
-constexpr int columnCount = 4;
+inline constexpr int columnCount = 4;
 template <class T>
-constexpr int columnCount<Zq::GeLinearMatrix3<T>> = 3;
+inline constexpr int columnCount<Zq::GeLinearMatrix3<T>> = 3;
 
 /// Small integers: every sum and product of them is exact, so that equations hold without tolerance.
 template <class Matrix>
