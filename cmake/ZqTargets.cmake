@@ -40,7 +40,7 @@ function( zq_compile_rules target )
 endfunction()
 
 # zq_add_library( <short name> DESCRIPTION ... SOURCES ... HEADERS ... FRAGMENTS ... LINK ... )
-# The shared library libZQ<short name>, target Zq::<short name>. HEADERS compile alone; FRAGMENTS (.inline, .imp)
+# The shared library libZQ<short name>, target Zq::<short name>. HEADERS compile alone; FRAGMENTS (.inline)
 # are included by headers and units. Both are paths below src/.
 function( zq_add_library name )
     cmake_parse_arguments( ARG "" "DESCRIPTION" "SOURCES;HEADERS;FRAGMENTS;LINK" ${ARGN} )

@@ -3,6 +3,7 @@
 
 #include "geLinearMatrix3.h"
 
+#include <cstddef>
 #include <iosfwd>
 #include <type_traits>
 
@@ -59,6 +60,10 @@ public:
     GeVector3<T> operator*( const GeVector3<T>& v ) const;
     /// L p + t.
     GePoint3<T> operator*( const GePoint3<T>& p ) const;
+    /// The same for arrays, and faster: results[i] is this times element i. Any count, also 0; no alignment is asked for.
+    /// The results may replace the input, but not overlap it otherwise. Of several NaN, any one may be passed on.
+    void transform( const GePoint3<T>* points, std::size_t count, GePoint3<T>* results ) const;
+    void transform( const GeVector3<T>* vectors, std::size_t count, GeVector3<T>* results ) const;
     /// m times this: linear block m L, translation m t.
     GeAffineMatrix3<T> mulOnRight( const GeLinearMatrix3<T>& m ) const;
     /// The row vector v times L; the translation is not used.

@@ -4,6 +4,7 @@
 #include "../base/interval.h"
 #include "geVector3.h"
 
+#include <cstddef>
 #include <iosfwd>
 #include <type_traits>
 
@@ -57,6 +58,9 @@ public:
     /// Grows bound by bound to hold a point or another box. A NaN coordinate changes nothing.
     GeAlignedBox3<T>& extend( const GePoint3<T>& point );
     GeAlignedBox3<T>& extend( const GeAlignedBox3<T>& other );
+    /// Grows to hold all of the points, as if one after the other: where zeros of both signs are smallest or largest, the
+    /// first is kept.
+    GeAlignedBox3<T>& extend( const GePoint3<T>* points, std::size_t count );
 
     /// All six bounds equal; -0 equals 0, NaN equals nothing.
     bool isEqualExact( const GeAlignedBox3<T>& other ) const;
@@ -80,6 +84,10 @@ public:
     typename Interval<T>::Containment classify( const GeAlignedBox3<T>& other ) const;
     /// The same, both open: boxes that only touch are OUTSIDE.
     typename Interval<T>::Containment classifyExclude( const GeAlignedBox3<T>& other ) const;
+    /// The same for arrays, and much faster: verdict i, a byte with the value of the enumerator, is what this box is to
+    /// others[i]. Any count, also 0; no alignment is asked for. The verdicts must not lie within the boxes.
+    void classify( const GeAlignedBox3<T>* others, std::size_t count, unsigned char* verdicts ) const;
+    void classifyExclude( const GeAlignedBox3<T>* others, std::size_t count, unsigned char* verdicts ) const;
 
     /// Offsets from a point to the nearest and to the farthest point of the box, box point minus p, each axis by
     /// itself. At or beyond a bound the offset to it is the smaller one; strictly inside, the smaller is 0 and the
@@ -92,6 +100,10 @@ public:
     /// throughout, the result is either that or everything finite. Touching the boundary counts.
     /// Source: T. Kay and J. Kajiya, Ray Tracing Complex Scenes, 1986 (slabs).
     Interval<T> intersectLine( const GePoint3<T>& origin, const GeVector3<T>& direction ) const;
+    /// One line and many boxes: ranges[i] is what boxes[i].intersectLine( origin, direction ) gives. The ranges must not
+    /// lie within the boxes.
+    static void intersectLine( const GeAlignedBox3<T>* boxes, std::size_t count, const GePoint3<T>& origin,
+        const GeVector3<T>& direction, Interval<T>* ranges );
 
     /// Writes the text form; no line end.
     std::ostream& dump( std::ostream& os ) const;

@@ -1,5 +1,7 @@
 #include "geCullingCones.h"
 
+#include "kernels.h"
+
 #include <ostream>
 
 namespace Zq
@@ -54,6 +56,18 @@ bool GeCullingCones::isEqual( const GeCullingCones& other, float lengthTolerance
     return _backfacingApex.isEqual( other._backfacingApex, lengthTolerance ) &&
         FloatUtil::isEqual( _frontfacingOffset, other._frontfacingOffset, lengthTolerance ) &&
         FloatUtil::isEqual( _cosBeta, other._cosBeta, cosineTolerance );
+}
+
+void GeCullingCones::isInFront(
+    const GeCullingCones* cones, std::size_t count, const GePoint3<float>& p, unsigned char* verdicts )
+{
+    Detail::getGeSingleKernels().isInFront( cones, count, p, verdicts );
+}
+
+void GeCullingCones::isBehind(
+    const GeCullingCones* cones, std::size_t count, const GePoint3<float>& p, unsigned char* verdicts )
+{
+    Detail::getGeSingleKernels().isBehind( cones, count, p, verdicts );
 }
 
 std::ostream& GeCullingCones::dump( std::ostream& os ) const

@@ -3,6 +3,7 @@
 
 #include "geAnchoredCone.h"
 
+#include <cstddef>
 #include <iosfwd>
 #include <type_traits>
 
@@ -70,6 +71,12 @@ public:
     /// Whether a viewpoint lies in the region behind; false for every point when there are no culling cones, and for
     /// NaN. Distances above about 1.8e19 overflow and count as square to the axis: not behind, unless alpha is 0.
     bool isBehind( const GePoint3<float>& p ) const;
+    /// One viewpoint and many cones, much faster: verdict i is 1 where cones[i] answers true, else 0. Any count, also 0; no
+    /// alignment is asked for. The verdicts must not lie within the cones.
+    static void isInFront(
+        const GeCullingCones* cones, std::size_t count, const GePoint3<float>& p, unsigned char* verdicts );
+    static void isBehind(
+        const GeCullingCones* cones, std::size_t count, const GePoint3<float>& p, unsigned char* verdicts );
 
     /// Writes the text form; no line end.
     std::ostream& dump( std::ostream& os ) const;

@@ -4,6 +4,8 @@
 #include "geAlignedBox.h"
 #include "geNormalizedPlane3.h"
 
+#include <cstddef>
+#include <cstdint>
 #include <iosfwd>
 #include <type_traits>
 
@@ -77,11 +79,23 @@ public:
     /// Source: U. Assarsson and T. Moeller, Optimized View Frustum Culling Algorithms for Bounding Boxes, 2000.
     Classification classify( const GeAlignedBox3<T>& box ) const;
 
+    /// The same for arrays, and much faster: verdict i, a byte with the value of the enumerator, is what the call for
+    /// element i alone answers. Any count, also 0; no alignment is asked for. The verdicts must not lie within the input.
+    void classify( const GePoint3<T>* points, std::size_t count, unsigned char* verdicts ) const;
+    void classify( const GeAlignedBox3<T>* boxes, std::size_t count, unsigned char* verdicts ) const;
+
+    /// Writes the indices of the boxes that are not FRUSTUM_OUTSIDE, in ascending order, and returns their number. The
+    /// array takes up to `count` indices; those behind the ones returned are left with any value. Reports
+    /// "count <= 0xFFFFFFFF" (src/primitives/geFrustum.inline).
+    std::size_t findNotOutside( const GeAlignedBox3<T>* boxes, std::size_t count, std::uint32_t* indices ) const;
+
     /// Writes the text form.
     void dump( std::ostream& os ) const;
 
 private:
-    GeNormalizedPlane3<T> _planes[NB_PLANES];
+    void setPlane( int plane, const GeNormalizedPlane3<T>& value );
+
+    T _planes[4][NB_PLANES]; // by component, so that a register takes several planes
 };
 
 /// The same as isEqualExact().

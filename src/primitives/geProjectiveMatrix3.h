@@ -4,6 +4,7 @@
 #include "geAffineMatrix3.h"
 #include "geHomogeneousCoord3.h"
 
+#include <cstddef>
 #include <iosfwd>
 #include <type_traits>
 
@@ -51,6 +52,11 @@ public:
     GeHomogeneousCoord3<T> operator*( const GeHomogeneousCoord3<T>& h ) const;
     /// The direction (x, y, z, 0) transformed: column 3 is not used.
     GeHomogeneousCoord3<T> operator*( const GeVector3<T>& v ) const;
+    /// The same for arrays, and faster: results[i] is this times element i. Any count, also 0; no alignment is asked for.
+    /// The results may replace the coordinates, but not overlap the input otherwise. Of several NaN, any one may be
+    /// passed on.
+    void transform( const GeHomogeneousCoord3<T>* coords, std::size_t count, GeHomogeneousCoord3<T>* results ) const;
+    void transform( const GeVector3<T>* vectors, std::size_t count, GeHomogeneousCoord3<T>* results ) const;
     /// The row h times this, which is the transpose of this times h.
     GeHomogeneousCoord3<T> mulOnRight( const GeHomogeneousCoord3<T>& h ) const;
 

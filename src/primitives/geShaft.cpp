@@ -1,6 +1,7 @@
 #include "geShaft.h"
 
 #include "../base/trace.h"
+#include "kernels.h"
 #include "traceLevels.h"
 
 #include <ostream>
@@ -231,6 +232,16 @@ Interval<float>::Containment GeShaft::overlaps( const GeAlignedBox3<float>& box 
 Interval<float>::Containment GeShaft::overlapsExclude( const GeAlignedBox3<float>& box ) const
 {
     return computeOverlap<true>( box );
+}
+
+void GeShaft::overlaps( const GeAlignedBox3<float>* boxes, std::size_t count, unsigned char* verdicts ) const
+{
+    Detail::getGeSingleKernels().overlaps( *this, boxes, count, verdicts );
+}
+
+void GeShaft::overlapsExclude( const GeAlignedBox3<float>* boxes, std::size_t count, unsigned char* verdicts ) const
+{
+    Detail::getGeSingleKernels().overlapsExclude( *this, boxes, count, verdicts );
 }
 
 template <bool isExclude>

@@ -4,6 +4,7 @@
 #include "geAlignedBox.h"
 #include "gePlane3.h"
 
+#include <cstddef>
 #include <iosfwd>
 #include <type_traits>
 
@@ -78,6 +79,10 @@ public:
     /// The same with open boxes and closed planes: a box that touches a plane from outside is OVERLAP, or INSIDE when
     /// it is flat and lies in the plane; one that touches it from inside is INSIDE.
     Interval<float>::Containment overlapsExclude( const GeAlignedBox3<float>& box ) const;
+    /// The same for arrays, and much faster: verdict i, a byte with the value of the enumerator, is what the call for
+    /// boxes[i] alone answers. Any count, also 0; no alignment is asked for. The verdicts must not lie within the boxes.
+    void overlaps( const GeAlignedBox3<float>* boxes, std::size_t count, unsigned char* verdicts ) const;
+    void overlapsExclude( const GeAlignedBox3<float>* boxes, std::size_t count, unsigned char* verdicts ) const;
 
     /// Writes the two reference boxes, the extent box and the planes, a line each, flushed; for a shaft that was not
     /// initialised the line "Uninitialized shaft". A plane that was turned around shows its zero as -0.

@@ -12,7 +12,7 @@ moved=$work/moved
 warnings=( -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Werror )
 
 # not for clients, and not installed
-internal='^base/registry\.h$'
+internal='^(base/(registry|kernelLevel)|primitives/(traceLevels|kernels)|color/kernels)\.h$'
 
 fail()
 {
@@ -86,7 +86,7 @@ install)
 
     # every header and fragment, the libraries, the two kinds of package files, and nothing else
     (
-        public_files '(' -name '*.h' -o -name '*.inline' -o -name '*.imp' ')' | sed 's|^|include/zq/|'
+        public_files '(' -name '*.h' -o -name '*.inline' ')' | sed 's|^|include/zq/|'
         cd "$moved"
         libdir=${libdir#"$moved/"}
         for library in base resmgt primitives; do

@@ -37,7 +37,7 @@ struct Group
 /// The groups of src/primitives and src/color; each may include itself and all below, near or far. A new class takes its
 /// place here.
 const std::vector<Group> GROUPS = {
-    { "frame", { "export", "forward", "traceLevels" }, {} },
+    { "frame", { "export", "forward", "kernels", "traceLevels" }, {} },
     { "random", { "rnRng" }, { "frame" } },
     { "vectors",
         { "geTupleText", "geVector2", "gePoint2", "geUnitVector2", "geVector2Utils", "geVector3", "gePoint3",
@@ -62,6 +62,7 @@ const std::vector<Group> GROUPS = {
     { "floating cones", { "geFloatingCone", "geFloatingConeBuilder" }, { "boxes" } },
     { "anchored cones", { "geAnchoredCone", "geAnchoredConeBuilder" }, { "floating cones" } },
     { "culling cones", { "geCullingCones" }, { "anchored cones" } },
+    { "kernels", { "arrayKernels" }, { "frusta", "shafts", "culling cones" } },
     { "colours", { "coTripleText", "coLuminance", "coRgbColor", "coHsvColor", "coSpectrum" }, { "frame" } },
 };
 
@@ -211,7 +212,8 @@ TEST( Layers, TheLibraryIncludesByTheHousesRules )
 
 TEST( Layers, OthersUsePublicHeadersOnly )
 {
-    const std::set<std::string> internal = { "zq/base/registry.h", "zq/primitives/traceLevels.h" };
+    const std::set<std::string> internal = {
+        "zq/base/kernelLevel.h", "zq/base/registry.h", "zq/primitives/traceLevels.h" };
     const std::regex source( R"(.*\b(src|base|resmgt|color|primitives)/.*\.(h|imp|inline|cpp))" );
     std::size_t nbChecked = 0;
     for ( const char* folder : { "tests", "examples", "benchmarks" } )

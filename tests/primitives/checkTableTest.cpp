@@ -139,6 +139,9 @@ void addFrustumChecks( std::vector<Check>& checks )
     const char* range = "plane >= 0 && plane <= NB_PLANES";
     checks.push_back( { "src/primitives/geFrustum.inline", 0, range, [=] { make( 1, 0 ).getPlane( -1 ); } } );
     checks.push_back( { "src/primitives/geFrustum.inline", 0, range, [=] { make( 1, 0 ).getPlane( 7 ); } } );
+    if constexpr ( sizeof( std::size_t ) > 4 )
+        checks.push_back( { "src/primitives/geFrustum.inline", 0, "count <= 0xFFFFFFFF",
+            [=] { make( 1, 0 ).findNotOutside( nullptr, std::size_t( 1 ) << 32, nullptr ); } } );
     // for z = -1 row 3 + row 2 has no direction
     checks.push_back( { "src/primitives/geVector3.inline", 496, "len > 0", [=] { make( 1, -1 ); } } );
     checks.push_back( { "src/base/matrix4x4Imp", 175, "nonSingular", [=] { make( 0, 0 ); } } );
