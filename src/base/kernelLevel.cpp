@@ -1,5 +1,7 @@
 #include "kernelLevel.h"
 
+#include "laneTargets.h"
+
 #include <atomic>
 #if ZQ_HAS_AVX
 #    include <cpuid.h>

@@ -26,36 +26,19 @@ enum KernelLevel
 /// The highest level that this processor and operating system have.
 ZQ_BASE_API KernelLevel getKernelLevel();
 
+/// The sets of kernels that the compiler could make, by level.
+template <class Kernels>
+struct KernelSets
+{
+    const Kernels* sets[NB_KERNEL_LEVELS];
+
+    /// Null where the processor does not go so far.
+    const Kernels* find( KernelLevel level ) const { return level <= getKernelLevel() ? sets[level] : nullptr; }
+    const Kernels& getBest() const { return *sets[getKernelLevel()]; }
+};
+
 } // namespace Detail
 
 } // namespace Zq
-
-// What the units need that compile a template once for each level: ZQ_HAS_SIMD128 and ZQ_HAS_AVX tell which levels the
-// compiler can make; what stands between ZQ_TARGET_BEGIN( features ) and ZQ_TARGET_END is compiled for them.
-
-#if defined( __GNUC__ )
-#    define ZQ_HAS_SIMD128 1
-#    define ZQ_FORCE_INLINE inline __attribute__( ( always_inline ) )
-#else
-#    define ZQ_HAS_SIMD128 0
-#    define ZQ_FORCE_INLINE inline
-#endif
-#if defined( __GNUC__ ) && defined( __x86_64__ )
-#    define ZQ_HAS_AVX 1
-#else
-#    define ZQ_HAS_AVX 0
-#endif
-
-#define ZQ_PRAGMA( text ) _Pragma( #text )
-#if defined( __clang__ )
-#    define ZQ_TARGET_BEGIN( features )                                                                                \
-        ZQ_PRAGMA( clang attribute push( __attribute__( ( target( features ) ) ), apply_to = function ) )
-#    define ZQ_TARGET_END ZQ_PRAGMA( clang attribute pop )
-#else
-#    define ZQ_TARGET_BEGIN( features ) ZQ_PRAGMA( GCC push_options ) ZQ_PRAGMA( GCC target( features ) )
-#    define ZQ_TARGET_END ZQ_PRAGMA( GCC pop_options )
-#endif
-#define ZQ_AVX2_FEATURES "avx2"
-#define ZQ_AVX512_FEATURES "avx512f,avx512bw,avx512dq,avx512vl"
 
 #endif

@@ -5,6 +5,7 @@
 #include "export.h"
 #include "forward.h"
 
+#include <cstddef>
 #include <iosfwd>
 #include <type_traits>
 
@@ -52,6 +53,11 @@ public:
     /// (float) or 2^53 (double) neighbouring hues lie more than a degree apart. An infinite or NaN hue gives NaN in
     /// all three components.
     CoRgbColorT<T> convertToRgb() const;
+
+    /// The same for arrays, and much faster: results[i] is what the conversion of colors[i] alone gives. Any count, also
+    /// 0; no alignment is asked for. The results may take the place of the colours, but not overlap them otherwise.
+    static void convertFromRgb( const CoRgbColorT<T>* colors, std::size_t count, CoHsvColorT<T>* results );
+    static void convertToRgb( const CoHsvColorT<T>* colors, std::size_t count, CoRgbColorT<T>* results );
 
     /// Writes the text form; nothing before or after it.
     std::ostream& dump( std::ostream& os ) const;

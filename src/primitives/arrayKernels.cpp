@@ -1,18 +1,13 @@
 #include "kernels.h"
 
+#include "../base/laneTargets.h"
 #include "geAlignedBox.h"
 #include "geCullingCones.h"
 #include "geFrustum.h"
 #include "geHomogeneousCoord3.h"
 #include "geShaft.h"
 
-#include <cmath>
-#include <cstring>
 #include <limits>
-#include <type_traits>
-#if ZQ_HAS_AVX
-#    include <immintrin.h>
-#endif
 
 namespace Zq
 {
@@ -81,14 +76,6 @@ ZQ_TARGET_END
 
 #endif
 
-template <class Kernels>
-struct KernelSets
-{
-    const Kernels* sets[NB_KERNEL_LEVELS];
-
-    const Kernels* find( KernelLevel level ) const { return level <= getKernelLevel() ? sets[level] : nullptr; }
-};
-
 template <class T>
 constexpr KernelSets<GeKernels<T>> geKernelSets = { {
     &Portable::geKernels<T>,
@@ -128,12 +115,12 @@ const GeSingleKernels* findGeSingleKernels( KernelLevel level )
 template <class T>
 const GeKernels<T>& getGeKernels()
 {
-    return *geKernelSets<T>.sets[getKernelLevel()];
+    return geKernelSets<T>.getBest();
 }
 
 const GeSingleKernels& getGeSingleKernels()
 {
-    return *geSingleKernelSets.sets[getKernelLevel()];
+    return geSingleKernelSets.getBest();
 }
 
 template <class T>

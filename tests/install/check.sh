@@ -12,7 +12,7 @@ moved=$work/moved
 warnings=( -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Werror )
 
 # not for clients, and not installed
-internal='^(base/(registry|kernelLevel)|primitives/(traceLevels|kernels)|color/kernels)\.h$'
+internal='^(base/(registry|kernelLevel|laneTargets)|primitives/(traceLevels|kernels)|color/kernels)\.h$'
 
 fail()
 {

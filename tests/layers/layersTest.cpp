@@ -64,6 +64,7 @@ const std::vector<Group> GROUPS = {
     { "culling cones", { "geCullingCones" }, { "anchored cones" } },
     { "kernels", { "arrayKernels" }, { "frusta", "shafts", "culling cones" } },
     { "colours", { "coTripleText", "coLuminance", "coRgbColor", "coHsvColor", "coSpectrum" }, { "frame" } },
+    { "colour kernels", { "colorKernels" }, { "colours" } },
 };
 
 struct Include
@@ -213,7 +214,7 @@ TEST( Layers, TheLibraryIncludesByTheHousesRules )
 TEST( Layers, OthersUsePublicHeadersOnly )
 {
     const std::set<std::string> internal = {
-        "zq/base/kernelLevel.h", "zq/base/registry.h", "zq/primitives/traceLevels.h" };
+        "zq/base/laneTargets.h", "zq/base/registry.h", "zq/primitives/traceLevels.h" };
     const std::regex source( R"(.*\b(src|base|resmgt|color|primitives)/.*\.(h|imp|inline|cpp))" );
     std::size_t nbChecked = 0;
     for ( const char* folder : { "tests", "examples", "benchmarks" } )
