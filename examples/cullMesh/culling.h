@@ -15,31 +15,55 @@ enum class Verdict
     VISIBLE  // to be drawn
 };
 
-/// Whether a cluster need not be drawn: two questions to the library. The frustum is that of projection * view. It is
-/// one in double precision, because in single precision it is only good while far / near stays below about 1,000.
-inline Verdict judge( const Cluster& cluster, const Zq::GeFrustum<double>& frustum, const Zq::GePoint3<float>& eye )
+/// Which clusters need not be drawn: two questions to the library, each for all clusters at once. So the bounds lie
+/// here by kind, as its array forms take them.
+class Culler
 {
-    if ( frustum.classify( cluster.box ) == Zq::GeFrustum<double>::FRUSTUM_OUTSIDE )
+public:
+    explicit Culler( const std::vector<Cluster>& clusters )
     {
-        return Verdict::OUTSIDE;
+        for ( const Cluster& cluster : clusters )
+        {
+            _boxes.push_back( cluster.box );
+            // the default cones say of no eye that it sees nothing but backs
+            _cones.push_back( cluster.isConeUsable ? cluster.cones : Zq::GeCullingCones() );
+        }
+        _boxAnswers.resize( clusters.size() );
+        _coneAnswers.resize( clusters.size() );
     }
-    if ( cluster.isConeUsable && cluster.cones.isBehind( eye ) )
-    {
-        return Verdict::BEHIND;
-    }
-    return Verdict::VISIBLE;
-}
 
-/// The verdicts on all clusters, in their order, replace what is in `verdicts`.
-inline void judgeAll( const std::vector<Cluster>& clusters, const Zq::GeFrustum<double>& frustum,
-    const Zq::GePoint3<float>& eye, std::vector<Verdict>& verdicts )
-{
-    verdicts.clear();
-    for ( const Cluster& cluster : clusters )
+    /// The verdicts on all clusters, in their order, replace what is in `verdicts`. The frustum is that of
+    /// projection * view. It is one in double precision, because in single precision it is only good while far / near
+    /// stays below about 1,000.
+    void judge( const Zq::GeFrustum<double>& frustum, const Zq::GePoint3<float>& eye, std::vector<Verdict>& verdicts )
     {
-        verdicts.push_back( judge( cluster, frustum, eye ) );
+        askBoxes( frustum );
+        askCones( eye );
+        verdicts.resize( _boxes.size() );
+        for ( std::size_t i = 0; i < verdicts.size(); ++i )
+        {
+            verdicts[i] = _boxAnswers[i] == Zq::GeFrustum<double>::FRUSTUM_OUTSIDE ? Verdict::OUTSIDE
+                : _coneAnswers[i] != 0                                             ? Verdict::BEHIND
+                                                                                   : Verdict::VISIBLE;
+        }
     }
-}
+
+    // The two questions by themselves, to be timed.
+    void askBoxes( const Zq::GeFrustum<double>& frustum )
+    {
+        frustum.classify( _boxes.data(), _boxes.size(), _boxAnswers.data() );
+    }
+    void askCones( const Zq::GePoint3<float>& eye )
+    {
+        Zq::GeCullingCones::isBehind( _cones.data(), _cones.size(), eye, _coneAnswers.data() );
+    }
+
+private:
+    std::vector<Zq::GeAlignedBox3<double>> _boxes;
+    std::vector<Zq::GeCullingCones> _cones;
+    std::vector<unsigned char> _boxAnswers;
+    std::vector<unsigned char> _coneAnswers;
+};
 
 } // namespace CullMesh
 

@@ -59,7 +59,8 @@ std::vector<Cluster> splitAndBound( Mesh& mesh, const Options& options, Report& 
 }
 
 // The verdicts of every camera, counted and checked; those of the last one stay in `verdicts`.
-void cull( const Mesh& mesh, const std::vector<Cluster>& clusters, Report& report, std::vector<Verdict>& verdicts )
+void cull( const Mesh& mesh, const std::vector<Cluster>& clusters, Culler& culler, Report& report,
+    std::vector<Verdict>& verdicts )
 {
     Examples::ProgressLine progress( "culling for eye", report.cameras.size() );
     for ( std::size_t i = 0; i < report.cameras.size(); ++i )
@@ -68,7 +69,7 @@ void cull( const Mesh& mesh, const std::vector<Cluster>& clusters, Report& repor
         const Camera& camera = report.cameras[i];
         const Stopwatch culling;
         const Zq::GeFrustum<double> frustum( makeClipMatrix<double>( camera ) );
-        judgeAll( clusters, frustum, camera.eye, verdicts );
+        culler.judge( frustum, camera.eye, verdicts );
         report.timing.culling += culling.getSeconds() / static_cast<double>( report.cameras.size() );
 
         report.tally.add( clusters, verdicts );
@@ -87,8 +88,9 @@ int run( const Options& options )
     const std::vector<Cluster> clusters = splitAndBound( mesh, options, report );
     report.cameras = makeCameras( options, mesh.points );
     std::vector<Verdict> verdicts;
-    cull( mesh, clusters, report, verdicts );
-    measureTests( clusters, report.cameras.front(), report.timing );
+    Culler culler( clusters );
+    cull( mesh, clusters, culler, report, verdicts );
+    measureTests( culler, report.cameras.front(), report.timing );
 
     std::vector<Examples::OutputFile> files;
     if ( options.hasPictures )

@@ -117,7 +117,7 @@ void printReport( std::ostream& os, const Options& options, const Report& report
     os << "  nanoseconds per cluster: "
        << makeDecimalText( computePer( timing.splitting + timing.bounding, report.nbClusters ), 0 ) << " for building, "
        << makeDecimalText( computePer( timing.boxTests, report.nbClusters ), 1 ) << " for the box test, "
-       << makeDecimalText( computePer( timing.coneTests, timing.nbConeTests ), 1 ) << " for the cone test\n"
+       << makeDecimalText( computePer( timing.coneTests, report.nbClusters ), 1 ) << " for the cone test\n"
        << "  seconds: " << makeDecimalText( timing.making + timing.preparation, 3 ) << " to make the mesh; "
        << makeDecimalText( timing.splitting, 3 ) << " to split it, " << makeDecimalText( timing.bounding, 3 )
        << " to bound the clusters, " << makeDecimalText( timing.culling, 6 ) << " to cull them for one eye\n"
@@ -150,7 +150,7 @@ std::string makeJson( const Options& options, const Report& report )
     json["nanosecondsPerCluster"] = {
         { "building", computePer( timing.splitting + timing.bounding, report.nbClusters ) },
         { "boxTest", computePer( timing.boxTests, report.nbClusters ) },
-        { "coneTest", computePer( timing.coneTests, timing.nbConeTests ) } };
+        { "coneTest", computePer( timing.coneTests, report.nbClusters ) } };
     json["seconds"] = { { "mesh", timing.making + timing.preparation }, { "splitting", timing.splitting },
         { "bounding", timing.bounding }, { "culling", timing.culling } };
     json["violations"] = { { "behind", report.check.behindButTurned }, { "outside", report.check.outsideButIn } };

@@ -2,7 +2,7 @@
 #define ZQ_EXAMPLES_CULLMESH_TIMING_H
 
 #include "camera.h"
-#include "clusters.h"
+#include "culling.h"
 
 #include <chrono>
 
@@ -32,11 +32,10 @@ struct Timing
     double culling = 0; // all verdicts for one eye
     double boxTests = 0;
     double coneTests = 0;
-    std::size_t nbConeTests = 0;
 };
 
-/// Fills in boxTests and coneTests: one question to each cluster, and one to each usable cone.
-void measureTests( const std::vector<Cluster>& clusters, const Camera& camera, Timing& timing );
+/// Fills in boxTests and coneTests: one question each about all clusters.
+void measureTests( Culler& culler, const Camera& camera, Timing& timing );
 
 } // namespace CullMesh
 
