@@ -157,18 +157,6 @@ inline void LuDecomposition<T, rows>::writeInverse( Matrix& inverse ) const
     }
 }
 
-/// Writes inverse and determinant; a singular matrix writes nothing and answers false.
-template <class T, std::size_t rows, class Matrix>
-inline bool tryInvert( const Matrix& m, Matrix& inverse, T& determinant )
-{
-    LuDecomposition<T, rows> lu;
-    if ( !lu.decompose( m ) )
-        return false;
-    lu.writeInverse( inverse );
-    determinant = lu.computeDeterminant();
-    return true;
-}
-
 } // namespace Detail
 
 } // namespace Zq

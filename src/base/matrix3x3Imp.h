@@ -2,7 +2,7 @@
 #define ZQ_BASE_MATRIX3X3IMP_H
 
 #include "assertions.h"
-#include "luDecomposition.h"
+#include "vectorLuDecomposition.h"
 
 namespace Zq
 {
@@ -27,7 +27,7 @@ inline T computeDeterminant3x3( const Matrix& m )
 template <class T, class Matrix>
 inline void invert3x3( const Matrix& m, Matrix& inverse )
 {
-    LuDecomposition<T, 3> lu;
+    FastLuDecomposition<T, 3> lu;
     const bool nonSingular = lu.decompose( m );
     ZQ_ASSERT_AT( MATRIX3X3_FILE, 126, nonSingular );
     lu.writeInverse( inverse );

@@ -2,7 +2,7 @@
 #define ZQ_BASE_MATRIX4X4IMP_H
 
 #include "assertions.h"
-#include "luDecomposition.h"
+#include "vectorLuDecomposition.h"
 
 namespace Zq
 {
@@ -34,7 +34,7 @@ inline T computeMinor4x4( const Matrix& m, int row, int column )
 template <class T, class Matrix>
 inline T computeDeterminant4x4( const Matrix& m )
 {
-    LuDecomposition<T, 4> lu;
+    FastLuDecomposition<T, 4> lu;
     return lu.decompose( m ) ? lu.computeDeterminant() : T( 0 );
 }
 
@@ -42,7 +42,7 @@ inline T computeDeterminant4x4( const Matrix& m )
 template <class T, class Matrix>
 inline void invert4x4( const Matrix& m, Matrix& inverse )
 {
-    LuDecomposition<T, 4> lu;
+    FastLuDecomposition<T, 4> lu;
     const bool nonSingular = lu.decompose( m );
     ZQ_ASSERT_AT( MATRIX4X4_FILE, 175, nonSingular );
     lu.writeInverse( inverse );

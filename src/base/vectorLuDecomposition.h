@@ -1,0 +1,290 @@
+#ifndef ZQ_BASE_VECTORLUDECOMPOSITION_H
+#define ZQ_BASE_VECTORLUDECOMPOSITION_H
+
+#include "floatUtil.h"
+#include "luDecomposition.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+
+namespace Zq
+{
+
+namespace Detail
+{
+
+#if defined( __GNUC__ )
+
+/// Four elements in registers of 16 bytes, which every processor of a supported family has.
+template <class T>
+struct LuLanes;
+
+template <>
+struct LuLanes<float>
+{
+    using Vector [[gnu::vector_size( 16 )]] = float;
+    using Mask [[gnu::vector_size( 16 )]] = std::int32_t;
+    struct Row
+    {
+        Vector parts[1];
+    };
+    static Vector spread( float x ) { return Vector{ x, x, x, x }; }
+    static Row makeRow( float a, float b, float c, float d ) { return { { Vector{ a, b, c, d } } }; }
+};
+
+template <>
+struct LuLanes<double>
+{
+    using Vector [[gnu::vector_size( 16 )]] = double;
+    using Mask [[gnu::vector_size( 16 )]] = std::int64_t;
+    struct Row
+    {
+        Vector parts[2];
+    };
+    static Vector spread( double x ) { return Vector{ x, x }; }
+    static Row makeRow( double a, double b, double c, double d ) { return { { Vector{ a, b }, Vector{ c, d } } }; }
+};
+
+/// LuDecomposition for 3 or 4 rows, without jumps that depend on the data and with the same bits, NaN and infinity
+/// included.
+///
+/// A step subtracts its products from all rows below at once. So each element sees the subtractions of Crout's sums, in
+/// their order. The rows are those of [A | I] in one: the columns of A that are done with make room for those of the
+/// right-hand side that are not zero yet, which are numbered by their pivots. Pivots are found and rows exchanged by
+/// comparisons that become masks; the reciprocals of all candidates are ready by then.
+template <class T, std::size_t rows>
+class VectorLuDecomposition
+{
+public:
+    template <class Matrix>
+    bool decompose( const Matrix& m );
+
+    T computeDeterminant() const;
+
+    template <class Matrix>
+    void writeInverse( Matrix& inverse ) const;
+
+private:
+    using Lanes = LuLanes<T>;
+    using Vector = typename Lanes::Vector;
+    using Mask = typename Lanes::Mask;
+    using Row = typename Lanes::Row;
+    static constexpr int size = static_cast<int>( rows );
+    static constexpr int width = 16 / static_cast<int>( sizeof( T ) );
+    static constexpr int nbParts = 4 / width;
+    static_assert( size == 3 || size == 4 );
+
+    static T get( const Row& row, int lane ) { return row.parts[lane / width][lane % width]; }
+    template <int lane>
+    static Vector spread( const Row& row )
+    {
+        return Lanes::spread( row.parts[lane / width][lane % width] );
+    }
+    static Vector select( Mask mask, Vector a, Vector b )
+    {
+        return reinterpret_cast<Vector>(
+            ( reinterpret_cast<Mask>( a ) & mask ) | ( reinterpret_cast<Mask>( b ) & ~mask ) );
+    }
+    static Vector abs( Vector v ) { return select( reinterpret_cast<Mask>( Lanes::spread( -T( 0 ) ) ), Vector{}, v ); }
+    /// a where both are equal or one is NaN: a comparison that the processor has in one instruction.
+    static Vector max( Vector a, Vector b ) { return b > a ? b : a; }
+    static Vector min( Vector a, Vector b ) { return b < a ? b : a; }
+    static Row makeUnit( int lane ) { return Lanes::makeRow( lane == 0, lane == 1, lane == 2, lane == 3 ); }
+
+    template <int step>
+    T getCandidate( int row ) const;
+    template <int step>
+    void eliminate();
+    template <int row>
+    void solve( Row ( &x )[rows] ) const;
+    template <int row, int column>
+    void subtract( Row& r, const Row ( &x )[rows] ) const;
+
+    Row _rows[rows]; // U, and below the diagonal the inverse of L
+    Row _scales;
+    Vector _least;   // of all that must not count as zero, in its lanes
+    unsigned _order; // the row of A that is pivot k, in byte k
+    bool _isOdd;
+};
+
+template <class T, std::size_t rows>
+template <class Matrix>
+inline bool VectorLuDecomposition<T, rows>::decompose( const Matrix& m )
+{
+    const auto element = [&m]( int r, int c ) { return c < size ? m( r, c ) : T( 0 ); };
+    Row largest{};
+    for ( int j = 0; j < size; ++j )
+    {
+        const Row column = Lanes::makeRow( m( 0, j ), m( 1, j ), m( 2, j ), size > 3 ? m( size - 1, j ) : T( 1 ) );
+        for ( int n = 0; n < nbParts; ++n )
+            largest.parts[n] = max( largest.parts[n], abs( column.parts[n] ) );
+    }
+    _least = min( largest.parts[0], largest.parts[nbParts - 1] );
+    for ( int n = 0; n < nbParts; ++n )
+        _scales.parts[n] = T( 1 ) / largest.parts[n];
+    for ( int i = 0; i < size; ++i )
+        _rows[i] = Lanes::makeRow( element( i, 0 ), element( i, 1 ), element( i, 2 ), element( i, 3 ) );
+    _order = 0x03020100;
+    _isOdd = false;
+
+    eliminate<0>();
+    if constexpr ( size > 3 )
+        eliminate<1>();
+    eliminate<size - 2>();
+    _least = min( _least, abs( spread<size - 1>( _rows[size - 1] ) ) );
+
+    constexpr T zero = sizeof( T ) == sizeof( float ) ? static_cast<T>( FloatUtil::defaultFloatTolerance )
+                                                      : static_cast<T>( FloatUtil::defaultDoubleTolerance );
+    const Mask isZero = _least < Lanes::spread( zero );
+    std::int64_t halves[2];
+    std::memcpy( halves, &isZero, sizeof halves );
+    return ( halves[0] | halves[1] ) == 0;
+}
+
+template <class T, std::size_t rows>
+inline T VectorLuDecomposition<T, rows>::computeDeterminant() const
+{
+    T determinant = _isOdd ? T( -1 ) : T( 1 );
+    for ( int i = 0; i < size; ++i )
+        determinant *= get( _rows[i], i );
+    return determinant;
+}
+
+template <class T, std::size_t rows>
+template <class Matrix>
+inline void VectorLuDecomposition<T, rows>::writeInverse( Matrix& inverse ) const
+{
+    Row x[rows];
+    solve<size - 1>( x );
+    for ( int i = 0; i < size; ++i )
+    {
+        for ( int k = 0; k < size; ++k )
+            inverse( i, static_cast<int>( _order >> ( 8 * k ) & 255U ) ) = get( x[i], k );
+    }
+}
+
+/// What may become the pivot of a step; anything for the rows that may not.
+template <class T, std::size_t rows>
+template <int step>
+inline T VectorLuDecomposition<T, rows>::getCandidate( int row ) const
+{
+    return row < step ? get( _rows[step], step ) : row < size ? get( _rows[row], step ) : T( 1 );
+}
+
+template <class T, std::size_t rows>
+template <int step>
+inline void VectorLuDecomposition<T, rows>::eliminate()
+{
+    const Row column = Lanes::makeRow(
+        getCandidate<step>( 0 ), getCandidate<step>( 1 ), getCandidate<step>( 2 ), getCandidate<step>( 3 ) );
+    Row weights;
+    Row reciprocals;
+    for ( int n = 0; n < nbParts; ++n )
+    {
+        weights.parts[n] = _scales.parts[n] * abs( column.parts[n] );
+        reciprocals.parts[n] = T( 1 ) / column.parts[n];
+    }
+    const Vector weight[4] = { spread<0>( weights ), spread<1>( weights ), spread<2>( weights ), spread<3>( weights ) };
+    const Vector inverse[4] = {
+        spread<0>( reciprocals ), spread<1>( reciprocals ), spread<2>( reciprocals ), spread<3>( reciprocals ) };
+
+    Row pivot = _rows[step];
+    Vector reciprocal = inverse[step];
+    Vector heaviest = max( Vector{}, weight[step] );
+    Mask wins[rows];
+    int p = step;
+    for ( int i = step + 1; i < size; ++i )
+    {
+        wins[i] = weight[i] >= heaviest;
+        heaviest = max( heaviest, weight[i] );
+        for ( int n = 0; n < nbParts; ++n )
+            pivot.parts[n] = select( wins[i], _rows[i].parts[n], pivot.parts[n] );
+        reciprocal = select( wins[i], inverse[i], reciprocal );
+        p ^= ( p ^ i ) & static_cast<int>( wins[i][0] ); // a choice in C++ becomes a jump
+    }
+    // the last to win is the pivot: its place gets the row of this step
+    Mask later{};
+    for ( int i = size - 1; i > step; --i )
+    {
+        for ( int n = 0; n < nbParts; ++n )
+            _rows[i].parts[n] = select( wins[i] & ~later, _rows[step].parts[n], _rows[i].parts[n] );
+        later |= wins[i];
+    }
+    _rows[step] = pivot;
+    const unsigned change = ( _order >> ( 8 * step ) ^ _order >> ( 8 * p ) ) & 255U;
+    _order ^= change << ( 8 * step ) ^ change << ( 8 * p );
+    _isOdd ^= p != step;
+    _least = min( _least, abs( spread<step>( pivot ) ) );
+
+    // the column of this step becomes one of the right-hand side, where the pivot has 1 and the rows below 0
+    const Row unit = makeUnit( step );
+    for ( int n = 0; n < nbParts; ++n )
+        pivot.parts[n] = select( unit.parts[n] == T( 1 ), unit.parts[n], pivot.parts[n] );
+    for ( int i = step + 1; i < size; ++i )
+    {
+        const Vector factor = spread<step>( _rows[i] ) * reciprocal;
+        for ( int n = 0; n < nbParts; ++n )
+        {
+            const Vector row = select( unit.parts[n] == T( 1 ), Vector{}, _rows[i].parts[n] );
+            _rows[i].parts[n] = row - factor * pivot.parts[n];
+        }
+    }
+}
+
+/// Back substitution for all columns at once, from this row upwards.
+template <class T, std::size_t rows>
+template <int row>
+inline void VectorLuDecomposition<T, rows>::solve( Row ( &x )[rows] ) const
+{
+    const Row unit = makeUnit( row );
+    const Row lower = Lanes::makeRow( row > 0, row > 1, row > 2, false );
+    Row r;
+    for ( int n = 0; n < nbParts; ++n )
+        r.parts[n] = select( lower.parts[n] == T( 1 ), _rows[row].parts[n], unit.parts[n] );
+    subtract<row, row + 1>( r, x );
+    for ( int n = 0; n < nbParts; ++n )
+        x[row].parts[n] = r.parts[n] / spread<row>( _rows[row] );
+    if constexpr ( row > 0 )
+        solve<row - 1>( x );
+}
+
+template <class T, std::size_t rows>
+template <int row, int column>
+inline void VectorLuDecomposition<T, rows>::subtract( Row& r, const Row ( &x )[rows] ) const
+{
+    if constexpr ( column < size )
+    {
+        for ( int n = 0; n < nbParts; ++n )
+            r.parts[n] -= spread<column>( _rows[row] ) * x[column].parts[n];
+        subtract<row, column + 1>( r, x );
+    }
+}
+
+template <class T, std::size_t rows>
+using FastLuDecomposition = VectorLuDecomposition<T, rows>;
+
+#else
+
+template <class T, std::size_t rows>
+using FastLuDecomposition = LuDecomposition<T, rows>;
+
+#endif
+
+/// Writes inverse and determinant; a singular matrix writes nothing and answers false.
+template <class T, std::size_t rows, class Matrix>
+inline bool tryInvert( const Matrix& m, Matrix& inverse, T& determinant )
+{
+    FastLuDecomposition<T, rows> lu;
+    if ( !lu.decompose( m ) )
+        return false;
+    lu.writeInverse( inverse );
+    determinant = lu.computeDeterminant();
+    return true;
+}
+
+} // namespace Detail
+
+} // namespace Zq
+
+#endif
