@@ -49,8 +49,7 @@ void addWriter( const std::string& contender, MakeItems makeItems, Write write )
             benchmark::ClobberMemory();
         };
     };
-    addRow( { "textOut", contender, SINGLE_COUNT, Compare::NOTHING }, makeRun,
-        []( const auto& ) { return std::vector<double>(); } );
+    addRow( { "textOut", contender, SINGLE_COUNT, Compare::NOTHING }, makeRun, [] { return std::vector<double>(); } );
 }
 
 /// Reads all items from one stream, from its beginning each time.
@@ -74,7 +73,7 @@ void addReader( const std::string& contender, Read read )
                 benchmark::DoNotOptimize( read( *stream ) );
         };
     };
-    const auto describe = [=]( const auto& )
+    const auto describe = [=]
     {
         std::istringstream stream( makeText() );
         std::vector<double> sums;
