@@ -197,6 +197,8 @@ void addOwnRows()
 {
     for ( const std::size_t count : { SMALL, LARGE } )
     {
+        addReduction( { "boxGrowArray", "ours", count }, getPoints,
+            []( const Point* points, std::size_t nbPoints ) { return Box().extend( points, nbPoints ); } );
         addReduction( { "boxGrowArray", "plain", count }, getPoints, growPlain );
         addFloor( "boxGrowArray", count, getPoints );
     }
@@ -204,6 +206,12 @@ void addOwnRows()
     const auto plainBoxes = makeConverted( getBoxes, makePlainBox );
     addSingles( { "boxClassify", "ours", SMALL }, getBoxes,
         []( const Box& other ) { return static_cast<unsigned char>( REFERENCE.classify( other ) ); } );
+    addArray<unsigned char>( { "boxClassifyArray", "ours", SMALL }, getBoxes,
+        []( const Box* others, std::size_t count, unsigned char* verdicts )
+        { REFERENCE.classify( others, count, verdicts ); } );
+    addArray<unsigned char>( { "boxClassifyExcludeArray", "ours", SMALL }, getBoxes,
+        []( const Box* others, std::size_t count, unsigned char* verdicts )
+        { REFERENCE.classifyExclude( others, count, verdicts ); } );
     addSingles( { "boxClassify", "plain", SMALL }, plainBoxes, PlainClassify<false>() );
     addLoop( { "boxClassifyArray", "plain", SMALL }, plainBoxes, PlainClassify<false>() );
     addLoop( { "boxClassifyExcludeArray", "plain", SMALL }, plainBoxes, PlainClassify<true>() );
@@ -214,6 +222,9 @@ void addOwnRows()
         []( const BoxAndLine& pair ) { return pair.box.intersectLine( pair.line.origin, pair.line.direction ); } );
     addSingles( { "boxLine", "plain", BRANCHY_COUNT }, getPairs,
         []( const BoxAndLine& pair ) { return intersectPlain( pair.box, pair.line.origin, pair.line.direction ); } );
+    addArray<Interval>( { "boxLineArray", "ours", SMALL }, getTargets,
+        []( const Box* boxes, std::size_t count, Interval* ranges )
+        { Box::intersectLine( boxes, count, LINE.origin, LINE.direction, ranges ); } );
     addLoop( { "boxLineArray", "plain", SMALL }, getTargets,
         []( const Box& box ) { return intersectPlain( box, LINE.origin, LINE.direction ); } );
     addFloor( "boxLineArray", SMALL, getTargets );

@@ -8,6 +8,7 @@
 #include <zq/primitives/geQuaternion3.h>
 
 #include <array>
+#include <memory>
 
 #ifdef ZQ_BENCHMARK_PEERS
 #    include <BulletCollision/BroadphaseCollision/btDbvt.h>
@@ -180,9 +181,30 @@ void addOwnRows()
     addPointRows( "plain", getPoints, PlainFrustum() );
     for ( const std::size_t count : { SMALL, LARGE } )
     {
+        addArray<unsigned char>( { "frustumBoxArray", "ours", count }, getBoxes,
+            [=]( const Box* boxes, std::size_t nbBoxes, unsigned char* verdicts )
+            { frustum.classify( boxes, nbBoxes, verdicts ); } );
+        addArray<unsigned char>( { "frustumPointArray", "ours", count }, getPoints,
+            [=]( const Point* points, std::size_t nbPoints, unsigned char* verdicts )
+            { frustum.classify( points, nbPoints, verdicts ); } );
         addFloor( "frustumBoxArray", count, getBoxes );
         addFloor( "frustumPointArray", count, getPoints );
     }
+
+    const auto indices = std::make_shared<std::vector<std::uint32_t>>( SMALL );
+    addReduction( { "frustumNotOutsideArray", "ours", SMALL }, getBoxes,
+        [=]( const Box* boxes, std::size_t nbBoxes )
+        { return frustum.findNotOutside( boxes, nbBoxes, indices->data() ); } );
+    addReduction( { "frustumNotOutsideArray", "plain", SMALL }, getBoxes,
+        [=, plain = PlainFrustum()]( const Box* boxes, std::size_t nbBoxes )
+        {
+            std::size_t nbFound = 0;
+            for ( std::size_t i = 0; i < nbBoxes; ++i )
+                if ( plain( boxes[i] ) != OUTSIDE )
+                    ( *indices )[nbFound++] = static_cast<std::uint32_t>( i );
+            return nbFound;
+        } );
+    addFloor( "frustumNotOutsideArray", SMALL, getBoxes );
 }
 
 #ifdef ZQ_BENCHMARK_PEERS

@@ -371,6 +371,9 @@ void addOwnRows()
         []( const Zq::GeAffineMatrix3<float>& m ) { return m.computeInverse(); } );
     addSingles( { "inverseAffine", "plain", BRANCHY_COUNT }, getAffines, invertPlain<float, 4> );
 
+    addArray<Zq::GePoint3<float>>( { "affinePointsArray", "ours", POINTS }, getPoints,
+        [m = convertAffine( makeTransform() )]( const Zq::GePoint3<float>* points, std::size_t count,
+            Zq::GePoint3<float>* results ) { m.transform( points, count, results ); } );
     addLoop( { "affinePointsArray", "plain", POINTS },
         makeConverted( getPoints,
             []( const auto& p ) {
@@ -378,6 +381,9 @@ void addOwnRows()
             } ),
         [m = makeTransform()]( const Three& point ) { return transformPlain( m, point ); } );
     addFloor( "affinePointsArray", POINTS, getPoints );
+    addArray<Zq::GeHomogeneousCoord3<float>>( { "projectiveCoordsArray", "ours", POINTS }, getCoords,
+        [m = convertProjective( makeTransform() )]( const Zq::GeHomogeneousCoord3<float>* coords, std::size_t count,
+            Zq::GeHomogeneousCoord3<float>* results ) { m.transform( coords, count, results ); } );
     addLoop( { "projectiveCoordsArray", "plain", POINTS },
         makeConverted( getCoords,
             []( const auto& c ) {

@@ -181,7 +181,8 @@ void addReduction( const Row& row, MakeItems makeItems, Operation operation )
     addRow( row, makeRun, describe );
 }
 
-/// Reads bytes as fast as the compiler's vectors can, and does nothing with them.
+/// Reads bytes as fast as the processor's vectors can, and does nothing with them; what is left over of a block of 128
+/// is not read.
 std::uint64_t readBytes( const void* bytes, std::size_t size );
 
 /// The floor of an array row, "operation/floor/count": a pass that only reads the same bytes.

@@ -106,6 +106,12 @@ void addShaftRows()
     const Zq::GeShaft shaft = makeShaft();
     addSingles( { "shaftBox", "ours", COUNT }, getBoxes,
         [=]( const Box& box ) { return static_cast<unsigned char>( shaft.overlaps( box ) ); } );
+    addArray<unsigned char>( { "shaftBoxArray", "ours", COUNT }, getBoxes,
+        [=]( const Box* boxes, std::size_t count, unsigned char* verdicts )
+        { shaft.overlaps( boxes, count, verdicts ); } );
+    addArray<unsigned char>( { "shaftBoxExcludeArray", "ours", COUNT }, getBoxes,
+        [=]( const Box* boxes, std::size_t count, unsigned char* verdicts )
+        { shaft.overlapsExclude( boxes, count, verdicts ); } );
     addSingles( { "shaftBox", "plain", COUNT }, getBoxes, PlainShaft<false>() );
     addLoop( { "shaftBoxArray", "plain", COUNT }, getBoxes, PlainShaft<false>() );
     addLoop( { "shaftBoxExcludeArray", "plain", COUNT }, getBoxes, PlainShaft<true>() );
