@@ -58,7 +58,7 @@ Record makeRecord( Random& random )
 template <class T>
 bool isSameBits( const T& a, const T& b )
 {
-    return std::memcmp( &a, &b, sizeof a ) == 0 || ( a != a && b != b ); // any NaN for a NaN
+    return std::memcmp( &a, &b, sizeof a ) == 0 || ( std::isnan( a ) && std::isnan( b ) ); // any NaN for a NaN
 }
 
 template <class T, class Record>
