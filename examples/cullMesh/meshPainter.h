@@ -1,10 +1,10 @@
 #ifndef ZQ_EXAMPLES_CULLMESH_MESHPAINTER_H
 #define ZQ_EXAMPLES_CULLMESH_MESHPAINTER_H
 
-#include "camera.h"
 #include "clusters.h"
 #include "light.h"
 #include "raster.h"
+#include "viewpoints.h"
 
 namespace CullMesh
 {

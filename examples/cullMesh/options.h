@@ -1,7 +1,7 @@
 #ifndef ZQ_EXAMPLES_CULLMESH_OPTIONS_H
 #define ZQ_EXAMPLES_CULLMESH_OPTIONS_H
 
-#include "camera.h"
+#include "viewpoints.h"
 
 #include <filesystem>
 #include <optional>

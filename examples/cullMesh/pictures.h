@@ -1,9 +1,9 @@
 #ifndef ZQ_EXAMPLES_CULLMESH_PICTURES_H
 #define ZQ_EXAMPLES_CULLMESH_PICTURES_H
 
-#include "camera.h"
 #include "canvas.h"
 #include "tally.h"
+#include "viewpoints.h"
 
 namespace CullMesh
 {

@@ -1,8 +1,8 @@
 #ifndef ZQ_EXAMPLES_CULLMESH_TIMING_H
 #define ZQ_EXAMPLES_CULLMESH_TIMING_H
 
-#include "camera.h"
 #include "culling.h"
+#include "viewpoints.h"
 
 #include <chrono>
 

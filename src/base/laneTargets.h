@@ -1,7 +1,7 @@
 #ifndef ZQ_BASE_LANETARGETS_H
 #define ZQ_BASE_LANETARGETS_H
 
-// What the units need that compile lanes.imp once for each level: ZQ_HAS_SIMD128 and ZQ_HAS_AVX tell which levels the
+// What the units need that compile kernels once for each level, see levels.imp: ZQ_HAS_SIMD128 and ZQ_HAS_AVX tell which levels the
 // compiler can make; what stands between ZQ_TARGET_BEGIN( features ) and ZQ_TARGET_END is compiled for them. All headers
 // that lanes.imp uses come from here, since none may be read under a target. Internal, not installed.
 
@@ -33,8 +33,6 @@
 #    define ZQ_TARGET_BEGIN( features ) ZQ_PRAGMA( GCC push_options ) ZQ_PRAGMA( GCC target( features ) )
 #    define ZQ_TARGET_END ZQ_PRAGMA( GCC pop_options )
 #endif
-#define ZQ_AVX2_FEATURES "avx2"
-#define ZQ_AVX512_FEATURES "avx512f,avx512bw,avx512dq,avx512vl"
 
 #if ZQ_HAS_AVX
 #    include <immintrin.h>

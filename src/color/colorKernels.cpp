@@ -12,69 +12,12 @@ namespace Detail
 namespace
 {
 
-namespace Portable
-{
-
-#define ZQ_LANE_BYTES 0
-#include "../base/lanes.imp"
-#include "colorKernels.imp"
-#undef ZQ_LANE_BYTES
-
-} // namespace Portable
-
-#if ZQ_HAS_SIMD128
-
-namespace Simd128
-{
-
-#    define ZQ_LANE_BYTES 16
-#    include "../base/lanes.imp"
-#    include "colorKernels.imp"
-#    undef ZQ_LANE_BYTES
-
-} // namespace Simd128
-
-#endif
-
-#if ZQ_HAS_AVX
-
-ZQ_TARGET_BEGIN( ZQ_AVX2_FEATURES )
-namespace Avx2
-{
-
-#    define ZQ_LANE_BYTES 32
-#    include "../base/lanes.imp"
-#    include "colorKernels.imp"
-#    undef ZQ_LANE_BYTES
-
-} // namespace Avx2
-ZQ_TARGET_END
-
-ZQ_TARGET_BEGIN( ZQ_AVX512_FEATURES )
-namespace Avx512
-{
-
-#    define ZQ_LANE_BYTES 64
-#    include "../base/lanes.imp"
-#    include "colorKernels.imp"
-#    undef ZQ_LANE_BYTES
-
-} // namespace Avx512
-ZQ_TARGET_END
-
-#endif
+#define ZQ_KERNELS "../color/colorKernels.imp"
+#include "../base/levels.imp"
+#undef ZQ_KERNELS
 
 template <class T>
-constexpr KernelSets<CoKernels<T>> coKernelSets = { {
-    &Portable::coKernels<T>,
-#if ZQ_HAS_SIMD128
-    &Simd128::coKernels<T>,
-#endif
-#if ZQ_HAS_AVX
-    &Avx2::coKernels<T>,
-    &Avx512::coKernels<T>,
-#endif
-} };
+constexpr KernelSets<CoKernels<T>> coKernelSets = { { ZQ_EACH_LEVEL( coKernels<T> ) } };
 
 } // namespace
 

@@ -18,86 +18,20 @@ namespace Detail
 namespace
 {
 
-namespace Portable
-{
-
-#define ZQ_LANE_BYTES 0
-#include "../base/lanes.imp"
-#include "arrayKernels.imp"
-#undef ZQ_LANE_BYTES
-
-} // namespace Portable
+#define ZQ_KERNELS "../primitives/arrayKernels.imp"
+#include "../base/levels.imp"
+#undef ZQ_KERNELS
 
 #if ZQ_HAS_SIMD128
-
-namespace Simd128
-{
-
-#    define ZQ_LANE_BYTES 16
-#    include "../base/lanes.imp"
-#    include "arrayKernels.imp"
-#    undef ZQ_LANE_BYTES
-
-} // namespace Simd128
-
 namespace Single = Simd128;
-
 #else
-
 namespace Single = Portable;
-
-#endif
-
-#if ZQ_HAS_AVX
-
-ZQ_TARGET_BEGIN( ZQ_AVX2_FEATURES )
-namespace Avx2
-{
-
-#    define ZQ_LANE_BYTES 32
-#    include "../base/lanes.imp"
-#    include "arrayKernels.imp"
-#    undef ZQ_LANE_BYTES
-
-} // namespace Avx2
-ZQ_TARGET_END
-
-ZQ_TARGET_BEGIN( ZQ_AVX512_FEATURES )
-namespace Avx512
-{
-
-#    define ZQ_LANE_BYTES 64
-#    include "../base/lanes.imp"
-#    include "arrayKernels.imp"
-#    undef ZQ_LANE_BYTES
-
-} // namespace Avx512
-ZQ_TARGET_END
-
 #endif
 
 template <class T>
-constexpr KernelSets<GeKernels<T>> geKernelSets = { {
-    &Portable::geKernels<T>,
-#if ZQ_HAS_SIMD128
-    &Simd128::geKernels<T>,
-#endif
-#if ZQ_HAS_AVX
-    &Avx2::geKernels<T>,
-    &Avx512::geKernels<T>,
-#endif
-} };
+constexpr KernelSets<GeKernels<T>> geKernelSets = { { ZQ_EACH_LEVEL( geKernels<T> ) } };
 
-constexpr KernelSets<GeSingleKernels> geSingleKernelSets = { {
-    &Portable::geSingleKernels,
-#if ZQ_HAS_SIMD128
-    &Simd128::geSingleKernels,
-#endif
-#if ZQ_HAS_AVX
-    &Avx2::geSingleKernels,
-    &Avx512::geSingleKernels,
-#endif
-} };
+constexpr KernelSets<GeSingleKernels> geSingleKernelSets = { { ZQ_EACH_LEVEL( geSingleKernels ) } };
 
 } // namespace
 

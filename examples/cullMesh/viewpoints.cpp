@@ -1,6 +1,4 @@
-#include "camera.h"
-
-#include <zq/primitives/geUnitVector3.h>
+#include "viewpoints.h"
 
 #include <algorithm>
 #include <cmath>
@@ -10,27 +8,6 @@ namespace CullMesh
 {
 
 using namespace Zq;
-
-template <class T>
-GeAffineMatrix3<T> makeView( const Camera& camera )
-{
-    const GePoint3<T> eye( camera.eye );
-    const GeUnitVector3<T> back( eye - GePoint3<T>( camera.target ) );
-
-    // Looking straight up or down, y takes the part of the upward direction.
-    const GeVector3<T> z( 0, 0, 1 );
-    const GeVector3<T> y( 0, 1, 0 );
-    const bool isSteep = z.cross( back ).length() < static_cast<T>( 1e-3 );
-    const GeUnitVector3<T> right( ( isSteep ? y : z ).cross( back ) );
-    const GeUnitVector3<T> up( back.cross( right ) );
-
-    // The rows are the camera's axes: a vector's components along them are its coordinates in camera space.
-    const GeLinearMatrix3<T> rotation( right, up, back );
-    return GeAffineMatrix3<T>( rotation, -( rotation * GeVector3<T>( eye ) ) );
-}
-
-template GeAffineMatrix3<float> makeView<float>( const Camera& );
-template GeAffineMatrix3<double> makeView<double>( const Camera& );
 
 void fitClipPlanes( Camera& camera, const std::vector<GePoint3<float>>& points )
 {
