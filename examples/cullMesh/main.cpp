@@ -25,7 +25,11 @@ namespace
 Mesh makeMesh( const Options& options, Report& report )
 {
     const Stopwatch making;
-    const RawMesh raw = options.meshFile.empty() ? makeTeapot( options.teapotSegments ) : loadMesh( options.meshFile );
+    RawMesh raw = options.meshFile.empty() ? makeTeapot( options.teapotSegments ) : loadMesh( options.meshFile );
+    if ( options.isYUp )
+    {
+        turnUp( raw );
+    }
     report.timing.making = making.getSeconds();
 
     const Stopwatch preparation;

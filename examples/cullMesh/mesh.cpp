@@ -84,6 +84,14 @@ void compact( Mesh& mesh )
 
 } // namespace
 
+void turnUp( RawMesh& mesh )
+{
+    for ( GePoint3<double>& point : mesh.points )
+    {
+        point = { point.getX(), -point.getZ(), point.getY() };
+    }
+}
+
 Mesh prepareMesh( const RawMesh& raw, Preparation& report )
 {
     if ( raw.triangles.empty() )

@@ -24,6 +24,9 @@ struct RawMesh
     std::vector<Triangle> triangles;
 };
 
+/// Turns a mesh whose y axis points up so that its z axis does.
+void turnUp( RawMesh& mesh );
+
 /// Triangles that share their points and have an area.
 struct Mesh
 {

@@ -101,6 +101,19 @@ public:
             name, "X,Y,Z", help, [name, &target]( const std::string& text ) { target = parsePoint( name, text ); } );
     }
 
+    CLI::Option* addAxis( const std::string& name, bool& isY, const std::string& help )
+    {
+        return add( name, "AXIS", help,
+            [name, &isY]( const std::string& text )
+            {
+                if ( text != "y" && text != "z" )
+                {
+                    throw Examples::BadInput( name + ": '" + text + "' is neither y nor z" );
+                }
+                isY = text == "y";
+            } );
+    }
+
     template <class Text>
     CLI::Option* addText( const std::string& name, const std::string& type, Text& target, const std::string& help )
     {
@@ -143,6 +156,7 @@ std::optional<Options> parseOptions( int argc, const char* const* argv )
         "The teapot's segments along a patch side [32; 91 make 529,256 triangles]" );
     parser.addText( "--mesh", "FILE", options.meshFile, "Another mesh, in any format that assimp reads" )
         ->excludes( segments );
+    parser.addAxis( "--up", options.isYUp, "The axis that points up in the mesh, y or z [z]" );
     parser.addNumber<std::size_t>(
         "--cluster-size", options.clusterSize, 1, 1000000, "The most triangles that a cluster may have [64]" );
 

@@ -16,6 +16,7 @@ struct Options
 {
     unsigned teapotSegments = 32;
     std::string meshFile; // empty: the teapot
+    bool isYUp = false;   // the axis that points up in the mesh; z otherwise
     std::size_t clusterSize = 64;
 
     Zq::GePoint3<float> eye{ 1.2F, -1.9F, 0.45F };

@@ -74,6 +74,17 @@ TEST( Teapot, EdgesOfNeighbouringPatchesAreWelded )
     EXPECT_EQ( nbOpen, 7 * ( 4 + 4 + 2 * 2 + 2 * 2 ) );
 }
 
+TEST( Mesh, TurnsUpWithoutMirroring )
+{
+    // forward and right of a mesh with y up: they keep their handedness, and y ends on z
+    RawMesh raw;
+    raw.points = { { 1, 0, 0 }, { 0, 1, 0 }, { 0, 0, 1 } };
+    turnUp( raw );
+    const GeVector3<double> x( raw.points[0] ), y( raw.points[1] ), z( raw.points[2] );
+    EXPECT_EQ( y, GeVector3<double>( 0, 0, 1 ) );
+    EXPECT_EQ( x.cross( y ), z );
+}
+
 TEST( Split, HalvesAtTheMedianAndKeepsEveryTriangle )
 {
     Mesh mesh = makePreparedTeapot( 12 );
