@@ -162,6 +162,12 @@ void addOwnRows()
         []( const Cones& cones ) { return static_cast<unsigned char>( cones.isBehind( EYE ) ); } );
     addSingles( { "coneInFront", "ours", COUNT }, getCones,
         []( const Cones& cones ) { return static_cast<unsigned char>( cones.isInFront( EYE ) ); } );
+    addArray<unsigned char>( { "coneBehindArray", "ours", COUNT }, getCones,
+        []( const Cones* cones, std::size_t count, unsigned char* verdicts )
+        { Cones::isBehind( cones, count, EYE, verdicts ); } );
+    addArray<unsigned char>( { "coneInFrontArray", "ours", COUNT }, getCones,
+        []( const Cones* cones, std::size_t count, unsigned char* verdicts )
+        { Cones::isInFront( cones, count, EYE, verdicts ); } );
     addOneByOne(
         "plain", makeConverted( getCones, makePlainBack ), makeConverted( getCones, makePlainFront ), isBehindPlain );
     addFloor( "coneBehindArray", COUNT, getCones );
