@@ -49,7 +49,7 @@ Box makeBox( Random& random, float reach )
     const float y = makeLength( random, 0.5F, 60.0F );
     const float z = makeLength( random, 0.5F, 60.0F );
     const Vector half( x, y, z );
-    return Box( center - half, center + half );
+    return { center - half, center + half };
 }
 
 /// Outside of the reference box, around it, overlapping it, inside it: a quarter each.
@@ -429,7 +429,7 @@ Hit intersectBullet( const BulletBox& box, const btVector3& origin, const btVect
 
 btVector3 invert( const btVector3& direction )
 {
-    return btVector3( 1 / direction.x(), 1 / direction.y(), 1 / direction.z() );
+    return { 1 / direction.x(), 1 / direction.y(), 1 / direction.z() };
 }
 
 void addLineRows()

@@ -230,9 +230,9 @@ void addOwnRows()
         { "quaternionProduct", "ours" }, getBlends, []( const Blend<Quaternion>& pair ) { return pair.a * pair.b; } );
     addSingles( { "quaternionProduct", "plain" }, makeConvertedBlends( makePlain ), multiplyPlain );
 
-    addSingles( { "slerp", "ours", BRANCHY_COUNT }, getBlends,
+    addSingles( { "slerp", "ours", BRANCHY_COUNT, Compare::MAGNITUDE }, getBlends,
         []( const Blend<Quaternion>& blend ) { return Quaternion::slerp( blend.a, blend.b, blend.t, 0.0F ); } );
-    addSingles( { "slerp", "plain", BRANCHY_COUNT }, makeConvertedBlends( makePlain ), slerpPlain );
+    addSingles( { "slerp", "plain", BRANCHY_COUNT, Compare::MAGNITUDE }, makeConvertedBlends( makePlain ), slerpPlain );
 
     addSingles( { "quaternionToMatrix", "ours" }, getQuaternions,
         []( const Quaternion& q )
@@ -372,11 +372,11 @@ void addProductRows()
 
 void addSlerpRows()
 {
-    addSingles( { "slerp", "glm", BRANCHY_COUNT }, makeConvertedBlends( convertGlm ),
+    addSingles( { "slerp", "glm", BRANCHY_COUNT, Compare::MAGNITUDE }, makeConvertedBlends( convertGlm ),
         []( const Blend<glm::quat>& blend ) { return glm::slerp( blend.a, blend.b, blend.t ); } );
-    addSingles( { "slerp", "eigen", BRANCHY_COUNT }, makeConvertedBlends( convertEigen ),
+    addSingles( { "slerp", "eigen", BRANCHY_COUNT, Compare::MAGNITUDE }, makeConvertedBlends( convertEigen ),
         []( const Blend<Eigen::Quaternionf>& blend ) { return blend.a.slerp( blend.t, blend.b ); } );
-    addSingles( { "slerp", "imath", BRANCHY_COUNT }, makeConvertedBlends( convertImath ),
+    addSingles( { "slerp", "imath", BRANCHY_COUNT, Compare::MAGNITUDE }, makeConvertedBlends( convertImath ),
         []( const Blend<Imath::Quatf>& blend ) { return Imath::slerpShortestArc( blend.a, blend.b, blend.t ); } );
     addSingles( { "slerp", "cglm", BRANCHY_COUNT, Compare::MAGNITUDE }, makeConvertedBlends( convertCglm ),
         []( const Blend<CglmQuaternion>& blend )
@@ -385,7 +385,7 @@ void addSlerpRows()
             glm_quat_slerp( blend.a.get(), blend.b.get(), blend.t, result.q );
             return result;
         } );
-    addSingles( { "slerp", "bullet", BRANCHY_COUNT }, makeConvertedBlends( convertBullet ),
+    addSingles( { "slerp", "bullet", BRANCHY_COUNT, Compare::MAGNITUDE }, makeConvertedBlends( convertBullet ),
         []( const Blend<btQuaternion>& blend ) { return blend.a.slerp( blend.b, blend.t ); } );
 }
 

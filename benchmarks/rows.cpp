@@ -30,13 +30,19 @@ std::string findDisagreement( const Row& row, std::vector<double> answers )
         std::vector<double> answers;
     };
     static std::map<std::pair<std::string, std::size_t>, First> firsts;
-    const auto [entry, isFirst] =
-        firsts.try_emplace( { row.operation, row.count }, First{ row.contender, std::move( answers ) } );
-    const First& first = entry->second;
-    if ( isFirst || first.contender == row.contender )
+    First& first = firsts[{ row.operation, row.count }];
+    if ( first.contender.empty() )
+    {
+        first = { row.contender, std::move( answers ) };
         return {};
+    }
 
-    const std::size_t count = ( std::min )( first.answers.size(), answers.size() );
+    if ( answers.size() != first.answers.size() )
+    {
+        haveAgreed = false;
+        return "not as many answers as " + first.contender;
+    }
+    const std::size_t count = answers.size();
     std::size_t differing = 0;
     for ( std::size_t i = 0; i < count; ++i )
         if ( !isClose( first.answers[i], answers[i] ) )

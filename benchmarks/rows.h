@@ -142,6 +142,7 @@ void addArray( const Row& row, MakeItems makeItems, Operation operation )
         std::vector<Answer> answers( row.count );
         operation( items.data(), items.size(), answers.data() );
         std::vector<double> sums;
+        sums.reserve( answers.size() );
         for ( const Answer& answer : answers )
             sums.push_back( ComponentSum<Scalar, Answer>::of( answer ) );
         return sums;

@@ -21,7 +21,7 @@ constexpr std::size_t COUNT = 100000;
 
 Zq::GeShaft makeShaft()
 {
-    return Zq::GeShaft( Box( Point( 0, 0, 0 ), Point( 10, 12, 9 ) ), Box( Point( 40, 20, -15 ), Point( 55, 30, -2 ) ) );
+    return { Box( Point( 0, 0, 0 ), Point( 10, 12, 9 ) ), Box( Point( 40, 20, -15 ), Point( 55, 30, -2 ) ) };
 }
 
 std::vector<Box> makeBoxes( std::size_t count )
