@@ -68,49 +68,43 @@ void use( const Values&... values )
 
 ZQ_TWIN_SUITE( Allocation );
 
-TYPED_TEST( Allocation, OfTheTwins )
+ZQ_TWIN_TEST( Allocation, OfTheTwins )
 {
-    using T = TypeParam;
-    T t = 0;
+    T t = 0, t1 = 0;
     const Watch watch;
     GeVector3<T> v( 1, 2, 3 );
     GePoint3<T> p( 3, 2, 1 );
+    const GePoint3<T> origin;
     const GeUnitVector3<T> u( v );
     use( v.cross( u ), u.computeReflection( v.computeUnit(), t ), v.computeAngle( u ), v.normalize() );
 
     const GeLinearMatrix3<T> l( 1, 2, 3, 0, 1, 4, 5, 6, 0 );
     GeAffineMatrix3<T> a( l, v );
+    const GeProjectiveMatrix3<T> m( a );
     use( l * l.computeInverse() * l.computeAdjoint(), a.mulOnRight( l ) * a.computeInverse() );
     a.computeInverseAndDeterminant( a, t );
-    const GeProjectiveMatrix3<T> m( a );
     use( m * m.computeInverse() * a * m.computeAdjoint(),
         m * GeHomogeneousCoord3<T>( 1, 2, 3, m.computeDeterminant() ) );
     use( GeCameraBuilder<T>::makePerspective( 1, 1, 3, 2 ), GeCameraBuilder<T>::makeOrthographic( 1, 1, 3, 2 ) );
 
-    GeQuaternion3<T> q = GeQuaternion3<T>::makeRotation( v, 1 );
-    GeRotation3<T> r = GeRotation3<T>::aim( u, GeVector3<T>( 0, 0, 1 ), 0, 1, true );
-    GeLinearMatrix3<T> turned;
-    q.getMatrix( turned );
-    q.setMatrix( turned, 1 );
+    GeQuaternion3<T> q( GeRotation3<T>::aim( u, GeVector3<T>( 0, 0, 1 ), 0, 1, true ) );
     q.aim( v, GeVector3<T>( 3, 2, 1 ) );
-    use( GeQuaternion3<T>::squad( q, q, q.computeInverse(), q * q, T( 0.3 ) ), GeXAxisRotation3<T>( 1 ) * r,
-        GeScale3<T>( v ) * a, GeTranslation3<T>( v ) * m );
-    using Point2 = GePoint2<T>;
-    use( GeVector2Utils<T>::distanceSquaredFromPointToLineSegment( Point2( 1, 1 ), Point2(), Point2( 2, 0 ), false ) );
-    use( CoHsvColorT<T>::convertFromRgb( CoRgbColorT<T>( 1, 2, 3 ) ).convertToRgb().gammaCorrect( 2 ),
-        ( CoSpectrumT<T>( 1, 2, 3 ) * T( 2 ) ).computeScaledTo( 1 ) );
+    use( GeQuaternion3<T>::squad( q, q, q.computeInverse(), q * q, T( 0.3 ) ), q.getRotation() * v );
+    use( GeXAxisRotation3<T>( 1 ) * a, GeScale3<T>( v ) * a, GeTranslation3<T>( v ) * m );
+    const GePoint2<T> a2( 1, 1 ), b2( 2, 0 );
+    use( GeVector2Utils<T>::distanceSquaredFromPointToLineSegment( a2, b2, GePoint2<T>(), false ) );
+    use( CoHsvColorT<T>::convertFromRgb( CoRgbColorT<T>( 1, 2, 3 ) ).convertToRgb().gammaCorrect( 2 ) );
+    use( ( CoSpectrumT<T>( 1, 2, 3 ) * T( 2 ) ).computeScaledTo( 1 ) );
 
     const GeAlignedBox3<T> box( p, p + v );
-    T t1 = 0;
-    use(
-        GeSphere3<T>( p, 1 ).intersectRay( GePoint3<T>(), v, t, t1 ), GeSphere3<T>( p, 1 ).getClosestPoint( p, v, p ) );
-    use( box.classify( GeAlignedBox3<T>( p ).extend( GePoint3<T>( v ) ) ), box.intersectLine( GePoint3<T>(), v ) );
+    const GeSphere3<T> sphere( p, 1 );
+    use( sphere.intersectRay( origin, v, t, t1 ), sphere.getClosestPoint( p, v, p ) );
+    use( box.classify( GeAlignedBox3<T>( p ).extend( origin ) ), box.intersectLine( origin, v ) );
     GePlane3Builder<T> builder;
     for ( int corner = 0; corner < 4; ++corner )
         builder.addPoint( box.getCorner( corner ^ corner >> 1 ) );
-    GeNormalizedPlane3<T> plane = builder.getPlane();
     const GeFrustum<T> frustum{ GeProjectiveMatrix3<T>() };
-    use( plane.intersectRay( p, v, t ), frustum.classify( p ), frustum.classify( box ), frustum.isEqual( frustum, t ) );
+    use( builder.getPlane().intersectRay( p, v, t ), frustum.classify( p ), frustum.classify( box ) );
 }
 
 struct Flat final : RnRng<float>, UnaryFunctor<GeVector3<float>, void>
@@ -119,23 +113,18 @@ struct Flat final : RnRng<float>, UnaryFunctor<GeVector3<float>, void>
     void operator()( const GeVector3<float>& v ) override { use( v ); }
 };
 
-TEST( AllocationOfOthers, OfShaftsSamplesAndTolerances )
-{
-    const Watch watch;
-    const GePoint3<float> p( 3, 2, 1 );
-    const GeAlignedBox3<float> box1( p, GePoint3<float>() ), box2( p, GePoint3<float>( 4, -5, 6 ) );
-    const GeShaft shaft( box1, box2 );
-    use( shaft.contains( p ), shaft.overlaps( box1 ), shaft.overlapsExclude( box2 ) );
-    Flat flat;
-    use( GeIcosahedron::getStratifiedSamples( 320, flat, flat ), GeTolerances().samePoint( p, p ) );
-}
-
 // The cones' builders are made with room for 16 and may not grow it: fitting works in place.
-TEST( AllocationOfOthers, OfConesAndBoxes )
+TEST( AllocationOfOthers, OfShaftsSamplesTolerancesAndCones )
 {
     GeFloatingConeBuilder normals;
     GeAnchoredConeBuilder points;
     const Watch watch;
+    const GePoint3<float> p( 3, 2, 1 ), q( 4, -5, 6 );
+    const GeAlignedBox3<float> box1( p, GePoint3<float>() ), box2( p, q );
+    const GeShaft shaft( box1, box2 );
+    Flat flat;
+    use( shaft.contains( p ), shaft.overlaps( box1 ), shaft.overlapsExclude( box2 ) );
+    use( GeIcosahedron::getStratifiedSamples( 320, flat, flat ), GeTolerances().samePoint( p, q ) );
     for ( float x = 0; x < 16; ++x )
     {
         normals( GeUnitVector3<float>( x, 3, 20 ) );
@@ -144,10 +133,9 @@ TEST( AllocationOfOthers, OfConesAndBoxes )
     GeFloatingCone cone = normals.createCone();
     cone.expand( GeFloatingCone( GeUnitVector3<float>( 0, 1, 1 ), 0.5F ) );
     const GeCullingCones cones( points.createCone( cone ) );
-    use( cones.isBehind( GePoint3<float>() ), cones.isInFront( GePoint3<float>() ) );
     GeAlignedBoxBuilder corners;
-    GeAlignedBox3<float>( GePoint3<float>( 1, 2, 3 ) ).enumerateCorners( corners );
-    use( corners.getBox() );
+    box1.enumerateCorners( corners );
+    use( cones.isBehind( p ), cones.isInFront( p ), corners.getBox() );
 }
 
 TEST( AllocationOfOthers, IsCounted )

@@ -1,19 +1,14 @@
-#include "support/scalars.h"
+#include "support/prelude.h"
 
 #include <zq/base/floatUtil.h>
-
-#include <cmath>
-
-using namespace Zq;
 
 namespace
 {
 
 ZQ_TWIN_SUITE( FloatUtilTwins );
 
-TYPED_TEST( FloatUtilTwins, ToleranceIsStrictAndNaNIsNeverEqual )
+ZQ_TWIN_TEST( FloatUtilTwins, ToleranceIsStrictAndNaNIsNeverEqual )
 {
-    using T = TypeParam;
     const T one = 1, nan = ZqTest::nan<T>, infinity = ZqTest::infinity<T>;
     for ( const T sign : { T( 1 ), T( -1 ) } )
     {
@@ -32,9 +27,8 @@ TYPED_TEST( FloatUtilTwins, ToleranceIsStrictAndNaNIsNeverEqual )
     EXPECT_FALSE( FloatUtil::isEqual( infinity, -infinity ) );
 }
 
-TYPED_TEST( FloatUtilTwins, FunctionsStayInTheirScalar )
+ZQ_TWIN_TEST( FloatUtilTwins, FunctionsStayInTheirScalar )
 {
-    using T = TypeParam;
     static_assert( std::is_same_v<decltype( FloatUtil::sqrt( T( 2 ) ) ), T> );
     static_assert( std::is_same_v<decltype( FloatUtil::pow( T( 2 ), T( 2 ) ) ), T> );
     const T angle = T( 0.7 ), sine = FloatUtil::sin( angle ), cosine = FloatUtil::cos( angle );

@@ -1,8 +1,6 @@
-#include "support/scalars.h"
+#include "support/prelude.h"
 
 #include <zq/base/interval.h>
-
-using namespace Zq;
 
 namespace
 {
@@ -11,9 +9,8 @@ ZQ_TWIN_SUITE( IntervalTwins );
 
 // Every pair of intervals with small integer bounds, empty ones and points included, against the half steps that they
 // hold: with open ranges the bounds themselves do not count.
-TYPED_TEST( IntervalTwins, OperationsAgreeWithPointSets )
+ZQ_TWIN_TEST( IntervalTwins, OperationsAgreeWithPointSets )
 {
-    using T = TypeParam;
     using I = Interval<T>;
     for ( int code = 0; code < 5 * 5 * 5 * 5; ++code )
     {
@@ -59,9 +56,8 @@ TYPED_TEST( IntervalTwins, OperationsAgreeWithPointSets )
 }
 
 // What the comparisons answer where there are no point sets to compare.
-TYPED_TEST( IntervalTwins, PointsAsOpenRangesEmptyAndNaN )
+ZQ_TWIN_TEST( IntervalTwins, PointsAsOpenRangesEmptyAndNaN )
 {
-    using T = TypeParam;
     using I = Interval<T>;
     const T nan = ZqTest::nan<T>, largest = std::numeric_limits<T>::max();
     const I unit( 0, 1 ), point( 1, 1 ), empty = I::makeEmpty();

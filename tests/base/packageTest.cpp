@@ -1,11 +1,6 @@
+#include "support/prelude.h"
+
 #include <zq/base/inInit.h>
-
-#include <gtest/gtest.h>
-
-#include <string>
-#include <vector>
-
-using namespace Zq;
 
 namespace
 {

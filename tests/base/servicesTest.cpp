@@ -1,15 +1,11 @@
 #include "support/collectingTraceManager.h"
-#include "support/report.h"
+#include "support/prelude.h"
 
 #include <zq/base/dbgBuildInfo.h>
 #include <zq/base/objPtr.h>
 #include <zq/base/trace.h>
 
-#include <sstream>
-#include <string>
 #include <thread>
-
-using namespace Zq;
 
 namespace
 {
@@ -49,7 +45,7 @@ TEST( Trace, ALevelIsKnownByNameAndItsMessagesAreBuiltOnlyWhileItIsOn )
         ZQ_TRACE( *level, "src/f", "n=" << ++built );
     }
     EXPECT_EQ( built, 1 );
-    EXPECT_EQ( manager.messages, std::vector{ "src/f:" + std::to_string( __LINE__ - 3 ) + ": n=1\n" } );
+    EXPECT_EQ( manager.takeText( "src/f:" + std::to_string( __LINE__ - 3 ) ), "n=1\n" );
 }
 
 TEST( Trace, LevelsMayBeSwitchedWhileOtherThreadsAsk )

@@ -8,61 +8,7 @@
 
 #include <fstream>
 #include <iostream>
-#include <sstream>
 #include <string>
-#include <vector>
-
-namespace
-{
-
-struct Example
-{
-    int line = 0;
-    std::string code;
-    std::string output;
-};
-
-std::vector<Example> readExamples( std::istream& page )
-{
-    std::vector<Example> examples;
-    Example current;
-    bool codeIsOpen = false; // a cpp block was read and waits for its text block
-    std::string row;
-    for ( int number = 1; std::getline( page, row ); ++number )
-    {
-        if ( row.rfind( "```", 0 ) != 0 )
-        {
-            codeIsOpen = codeIsOpen && row.empty();
-            continue;
-        }
-        const std::string kind = row.substr( 3 );
-        const int first = number + 1;
-        std::string block;
-        for ( ++number; std::getline( page, row ) && row != "```"; ++number )
-            block += row + "\n";
-        if ( kind == "cpp" )
-            current = { first, block, "" };
-        else if ( kind == "text" && codeIsOpen )
-            examples.push_back( { current.line, current.code, block } );
-        codeIsOpen = kind == "cpp";
-    }
-    return examples;
-}
-
-const std::string mainHead = "int main()";
-
-bool isProgram( const Example& example )
-{
-    return example.code.find( mainHead ) != std::string::npos;
-}
-
-// only a main() may do without a return
-std::string renameMain( std::string code, const std::string& name )
-{
-    return code.replace( code.find( mainHead ), mainHead.size(), "static void " + name + "Main()" );
-}
-
-} // namespace
 
 int main( int argc, char** argv )
 {
@@ -72,64 +18,68 @@ int main( int argc, char** argv )
         return 2;
     }
     std::ifstream page( argv[1] );
-    const std::vector<Example> examples = readExamples( page );
-    if ( examples.empty() )
-    {
-        std::cerr << argv[1] << ": no examples found\n";
-        return 2;
-    }
-
-    std::ostringstream program;
+    std::ofstream program( argv[2] );
     for ( int i = 3; i < argc; ++i )
         program << "#include <" << argv[i] << ">\n";
-    program << "#include <cstring>\n#include <iomanip>\n#include <iostream>\n#include <limits>\n#include "
-               "<locale>\n#include "
-               "<sstream>\n#include <string>\n\n";
-    for ( std::size_t i = 0; i < examples.size(); ++i )
-    {
-        const std::string name = "example" + std::to_string( i );
-        if ( isProgram( examples[i] ) )
-            program << "#line " << examples[i].line << " \"" << argv[1] << "\"\n"
-                    << renameMain( examples[i].code, name ) << "static int " << name << "()\n{\n"
-                    << name << "Main();\nreturn 0;\n}\n";
-        else
-            program << "static int " << name << "()\n{\nusing namespace Zq;\n#line " << examples[i].line << " \""
-                    << argv[1] << "\"\n"
-                    << examples[i].code << "return 0;\n}\n";
-    }
-    program << R"(
-static int run( int ( *example )(), int line, const std::string& expected )
+    program << R"(#include <cstring>
+#include <iomanip>
+#include <iostream>
+#include <limits>
+#include <locale>
+#include <sstream>
+#include <string>
+
+static int run( void ( *example )(), int line, const std::string& expected )
 {
     std::ostringstream printed;
     std::ios format( nullptr );
     format.copyfmt( std::cout );
     std::streambuf* const before = std::cout.rdbuf( printed.rdbuf() );
-    const int status = example();
+    example();
     std::cout.rdbuf( before );
     std::cout.copyfmt( format );
-    if ( status == 0 && printed.str() == expected )
+    if ( printed.str() == expected )
         return 0;
     std::cerr << "line " << line << ": expected\n" << expected << "got\n" << printed.str();
     return 1;
 }
-
-int main()
-{
-    int failures = 0;
 )";
-    for ( std::size_t i = 0; i < examples.size(); ++i )
-        program << "    failures += run( example" << i << ", " << examples[i].line << ", R\"zq(" << examples[i].output
-                << ")zq\" );\n";
-    program << "    std::cout << " << examples.size() << " << \" examples, \" << failures << \" failed\\n\";\n"
-            << "    return failures != 0;\n}\n";
 
-    std::ofstream out( argv[2] );
-    out << program.str();
-    out.close();
-    if ( !out )
+    const std::string mainHead = "int main()";
+    std::string calls, code, row; // a cpp block waits for its text block, over empty lines only
+    int nbExamples = 0, codeLine = 0;
+    for ( int number = 1; std::getline( page, row ); ++number )
     {
-        std::cerr << argv[2] << ": cannot be written\n";
-        return 2;
+        if ( row.rfind( "```", 0 ) != 0 )
+        {
+            code = row.empty() ? code : "";
+            continue;
+        }
+        const std::string kind = row.substr( 3 );
+        const int blockLine = number + 1;
+        std::string block;
+        for ( ++number; std::getline( page, row ) && row != "```"; ++number )
+            block += row + "\n";
+        if ( kind == "text" && !code.empty() )
+        {
+            const std::string name = "example" + std::to_string( nbExamples++ ), head = "static void " + name + "()";
+            const std::string line = std::to_string( codeLine ), mark = "#line " + line + " \"" + argv[1] + "\"\n";
+            const std::size_t place = code.find( mainHead );
+            if ( place != std::string::npos )
+                program << mark << code.replace( place, mainHead.size(), head );
+            else
+                program << head << "\n{\nusing namespace Zq;\n" << mark << code << "}\n";
+            calls += "failures += run( " + name + ", " + line + ", R\"zq(" + block + ")zq\" );\n";
+        }
+        code = kind == "cpp" ? block : "";
+        codeLine = blockLine;
     }
-    return 0;
+    program << "int main()\n{\nint failures = 0;\n"
+            << calls << "std::cout << " << nbExamples << " << \" examples, \" << failures << \" failed\\n\";\n"
+            << "return failures != 0;\n}\n";
+    program.close();
+    if ( nbExamples != 0 && program )
+        return 0;
+    std::cerr << argv[1] << ": no examples found, or " << argv[2] << " cannot be written\n";
+    return 2;
 }

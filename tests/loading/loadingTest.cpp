@@ -21,14 +21,6 @@ using namespace Zq;
 
 // The recorder --------------------------------------------------------------------------------------------------------
 
-// Stands in for four operations of libZQbase: the loader finds a program's own symbols first. Each call is written down
-// and passed on.
-#define REGISTER_PACKAGE "_ZN2Zq13InPackageInit15registerPackageEv"
-#define ADD_DEPENDENCY "_ZN2Zq13InPackageInit13addDependencyEPKSt9type_info"
-#define PACKAGE_DESTRUCTOR "_ZN2Zq13InPackageInitD2Ev"
-#define REGISTER_LEVEL "_ZN2Zq5Trace13registerLevelEPKcS2_"
-#define STANDS_FOR( symbol ) __asm__( symbol ) __attribute__( ( visibility( "default" ) ) )
-
 namespace
 {
 
@@ -43,38 +35,32 @@ Function* find( void* library, const char* symbol )
     throw std::runtime_error( dlerror() );
 }
 
+std::string demangle( const std::type_info* type )
+{
+    using Text = std::unique_ptr<char, void ( * )( void* )>;
+    return Text( abi::__cxa_demangle( type->name(), nullptr, nullptr, nullptr ), &std::free ).get();
+}
+
 } // namespace
 
-// A package's derived part may be half made or half gone: the base part's own name is all that is asked of it.
-void recordPackage( InPackageInit* package ) STANDS_FOR( REGISTER_PACKAGE );
-void recordPackage( InPackageInit* package )
-{
-    record.push_back( std::string( "package " ) + package->InPackageInit::getName() );
-    find<void( InPackageInit* )>( RTLD_NEXT, REGISTER_PACKAGE )( package );
-}
-
-void recordNeed( InPackageInit* package, const std::type_info* needed ) STANDS_FOR( ADD_DEPENDENCY );
-void recordNeed( InPackageInit* package, const std::type_info* needed )
-{
-    const std::unique_ptr<char, void ( * )( void* )> name(
-        abi::__cxa_demangle( needed->name(), nullptr, nullptr, nullptr ), &std::free );
-    record.push_back( std::string( "needs " ) + name.get() );
-    find<void( InPackageInit*, const std::type_info* )>( RTLD_NEXT, ADD_DEPENDENCY )( package, needed );
-}
-
-void recordEnd( InPackageInit* package ) STANDS_FOR( PACKAGE_DESTRUCTOR );
-void recordEnd( InPackageInit* package )
-{
-    record.push_back( std::string( "gone " ) + package->InPackageInit::getName() );
-    find<void( InPackageInit* )>( RTLD_NEXT, PACKAGE_DESTRUCTOR )( package );
-}
-
-TraceLevel* recordLevel( const char* name, const char* file ) STANDS_FOR( REGISTER_LEVEL );
-TraceLevel* recordLevel( const char* name, const char* file )
-{
-    record.push_back( std::string( "level " ) + name + " " + file );
-    return find<TraceLevel*( const char*, const char* )>( RTLD_NEXT, REGISTER_LEVEL )( name, file );
-}
+// Stands in for an operation of libZQbase: the loader finds a program's own symbols first. Each call is written down
+// and passed on. A package's derived part may be half made or half gone: the base part's own name is all that is asked
+// of it.
+#define STAND_IN( result, symbol, name, parameters, arguments, text )                                                  \
+    result name parameters __asm__( symbol ) __attribute__( ( visibility( "default" ) ) );                             \
+    result name parameters                                                                                             \
+    {                                                                                                                  \
+        record.push_back( std::string text );                                                                          \
+        return find<result parameters>( RTLD_NEXT, symbol ) arguments;                                                 \
+    }
+STAND_IN( void, "_ZN2Zq13InPackageInit15registerPackageEv", recordPackage, ( InPackageInit * package ), ( package ),
+    ( "package " ) + package->InPackageInit::getName() )
+STAND_IN( void, "_ZN2Zq13InPackageInit13addDependencyEPKSt9type_info", recordNeed,
+    ( InPackageInit * package, const std::type_info* needed ), ( package, needed ), ( "needs " ) + demangle( needed ) )
+STAND_IN( void, "_ZN2Zq13InPackageInitD2Ev", recordEnd, ( InPackageInit * package ), ( package ),
+    ( "gone " ) + package->InPackageInit::getName() )
+STAND_IN( TraceLevel*, "_ZN2Zq5Trace13registerLevelEPKcS2_", recordLevel, ( const char* name, const char* file ),
+    ( name, file ), ( "level " ) + name + " " + file )
 
 // The tests -----------------------------------------------------------------------------------------------------------
 

@@ -1,12 +1,9 @@
 // The inverse, the determinant and the meaning of singular, which all matrices share.
 
 #include "support/matrixReference.h"
-#include "support/report.h"
-#include "support/scalars.h"
+#include "support/prelude.h"
 
-using namespace Zq;
 using ZqTest::forEachPlace;
-using ZqTest::Random;
 
 namespace
 {
@@ -46,9 +43,8 @@ bool isSingular( const Matrix& m )
 }
 
 // Small integers over rows of unlike scale are full of equal pivot weights.
-TYPED_TEST( MatrixInverse, PivotsAndOperationsAreThoseOfAPlainElimination )
+ZQ_TWIN_TEST( MatrixInverse, PivotsAndOperationsAreThoseOfAPlainElimination )
 {
-    using T = TypeParam;
     Random random( 11 );
     int inverted = 0;
     const auto check = [&]( auto m )
@@ -67,8 +63,7 @@ TYPED_TEST( MatrixInverse, PivotsAndOperationsAreThoseOfAPlainElimination )
         // linear and affine matrices have a formula for the determinant alone, exact here
         EXPECT_EQ( m.computeDeterminant(), n == 4 ? determinant : determinantOf( block ) );
         const auto product = multiply( block, expected );
-        forEachPlace<n>(
-            [&]( int r, int c ) { EXPECT_NEAR( product( r, c ), T( r == c ), 5000 * ZqTest::epsilon<T> ); } );
+        forEachPlace<n>( [&]( int r, int c ) { EXPECT_NEAR( product( r, c ), T( r == c ), 5000 * epsilon<T> ); } );
         // the destination may be the source
         m.computeInverseAndDeterminant( m, found );
         EXPECT_EQ( blockOf<T>( m ), expected );
@@ -79,9 +74,8 @@ TYPED_TEST( MatrixInverse, PivotsAndOperationsAreThoseOfAPlainElimination )
     EXPECT_GT( inverted, 10000 );
 }
 
-TYPED_TEST( MatrixInverse, SingularBeginsStrictlyBelowTheDefaultTolerance )
+ZQ_TWIN_TEST( MatrixInverse, SingularBeginsStrictlyBelowTheDefaultTolerance )
 {
-    using T = TypeParam;
     const T limit = sizeof( T ) == sizeof( float ) ? T( 1e-6F ) : T( 1e-7 );
     const T step = sizeof( T ) == sizeof( float ) ? T( 0x1p-20F ) : T( 0x1p-24 ); // the limit rounded down
     forEachClass<T>(
@@ -119,9 +113,8 @@ TYPED_TEST( MatrixInverse, SingularBeginsStrictlyBelowTheDefaultTolerance )
 
 // A NaN is never chosen as a pivot while a number is left, so some of these are singular and some are not; no answer
 // may look sound.
-TYPED_TEST( MatrixInverse, NaNAndInfinityNeverGiveAFiniteInverse )
+ZQ_TWIN_TEST( MatrixInverse, NaNAndInfinityNeverGiveAFiniteInverse )
 {
-    using T = TypeParam;
     Random random( 14 );
     forEachClass<T>(
         [&]( const auto& identity )
@@ -151,9 +144,8 @@ TYPED_TEST( MatrixInverse, NaNAndInfinityNeverGiveAFiniteInverse )
         } );
 }
 
-TYPED_TEST( MatrixInverse, AffineTakesPointsBack )
+ZQ_TWIN_TEST( MatrixInverse, AffineTakesPointsBack )
 {
-    using T = TypeParam;
     Random random( 32 );
     for ( int i = 0; i < 500; ++i )
     {
@@ -161,7 +153,7 @@ TYPED_TEST( MatrixInverse, AffineTakesPointsBack )
         if ( std::fabs( a.computeDeterminant() ) < 100 )
             continue;
         const GePoint3<T> p = random.point<T>( 5 );
-        EXPECT_TRUE( ( a.computeInverse() * ( a * p ) ).isEqual( p, 2000 * ZqTest::epsilon<T> ) ) << a << p;
+        EXPECT_TRUE( ( a.computeInverse() * ( a * p ) ).isEqual( p, 2000 * epsilon<T> ) ) << a << p;
     }
     // each zero of a translation is negated too
     const GeAffineMatrix3<T> moved( GeLinearMatrix3<T>(), GeVector3<T>( 1, 0, -3 ) );
@@ -170,9 +162,8 @@ TYPED_TEST( MatrixInverse, AffineTakesPointsBack )
     EXPECT_TRUE( std::signbit( inverse( 1, 3 ) ) && !std::signbit( inverse( 0, 1 ) ) );
 }
 
-TYPED_TEST( MatrixInverse, SingularAffineStillWritesTheTranslation )
+ZQ_TWIN_TEST( MatrixInverse, SingularAffineStillWritesTheTranslation )
 {
-    using T = TypeParam;
     const GeLinearMatrix3<T> singular( 1, 2, 3, 2, 4, 6, 0, 0, 1 );
     GeAffineMatrix3<T> self( singular, GeVector3<T>( 1, 1, 2 ) ), other;
     T determinant = T( 42 );

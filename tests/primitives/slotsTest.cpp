@@ -1,15 +1,10 @@
-#include "support/scalars.h"
+#include "support/prelude.h"
 
 #include <zq/base/dbgBuildInfo.h>
 #include <zq/base/inPackageInit.h>
 #include <zq/base/trace.h>
 #include <zq/primitives/geBezier3FaceBuilder.h>
 #include <zq/primitives/geLineFaceBuilder.h>
-
-#include <cstddef>
-#include <cstring>
-
-using namespace Zq;
 
 // Virtual operations are called by their slot, from programs that were compiled long ago: the order is a contract.
 // Read here out of pointers to members, as the Itanium ABI lays them out.
@@ -45,11 +40,11 @@ TEST( Slots, OfTheServices )
 
 ZQ_TWIN_SUITE( FaceBuilderSlots );
 
-TYPED_TEST( FaceBuilderSlots, AfterTheDestructor )
+ZQ_TWIN_TEST( FaceBuilderSlots, AfterTheDestructor )
 {
-    using Line = GeLineFaceBuilder<TypeParam>;
+    using Line = GeLineFaceBuilder<T>;
     expectSlots( 2, &Line::beginFace, &Line::beginContour, &Line::addLine, &Line::endContour, &Line::endFace );
-    using Bezier = GeBezier3FaceBuilder<TypeParam>;
+    using Bezier = GeBezier3FaceBuilder<T>;
     expectSlots( 2, &Bezier::beginFace, &Bezier::beginContour, &Bezier::addLine, &Bezier::addBezier3,
         &Bezier::endContour, &Bezier::endFace );
 }

@@ -1,20 +1,46 @@
 // What all value classes share: comparison and text form.
 
-#include "support/numbers.h"
-#include "support/scalars.h"
+#include "support/prelude.h"
 
+#include <zq/color/coHsvColor.h>
+#include <zq/color/coSpectrum.h>
 #include <zq/primitives/geFrustum.h>
 #include <zq/primitives/geProjectiveMatrix3.h>
-
-#include <iomanip>
-#include <sstream>
-
-using namespace Zq;
+#include <zq/primitives/geQuaternion3.h>
+#include <zq/primitives/geSphere3.h>
+#include <zq/primitives/geVector2.h>
+#include <zq/primitives/geXAxisRotation3.h>
+#include <zq/primitives/geYAxisRotation3.h>
+#include <zq/primitives/geZAxisRotation3.h>
 
 namespace
 {
 
 ZQ_TWIN_SUITE( ValueClasses );
+
+template <class Value>
+auto isSameExactly( const Value& a, const Value& b, int ) -> decltype( a.isEqualExact( b ) )
+{
+    return a.isEqualExact( b );
+}
+
+template <class Value>
+bool isSameExactly( const Value& a, const Value& b, long ) // colours have the operator alone
+{
+    return a == b;
+}
+
+template <class T, class Value>
+bool isSame( const Value& a, const Value& b, T tolerance )
+{
+    return a.isEqual( b, tolerance );
+}
+
+template <class T>
+bool isSame( const GeSphere3<T>& a, const GeSphere3<T>& b, T tolerance )
+{
+    return a.isEqual( b, tolerance, tolerance );
+}
 
 /// Moves each number of a value by itself. Every comparison must see it, strictly within the tolerance, and a NaN
 /// equals nothing. The numbers are small integers, so that the moves are exact; some may be fixed and never looked at.
@@ -27,33 +53,38 @@ void expectComparisonSeesEveryNumber( const Value& start, std::size_t fixedEvery
         {
             auto changed = numbers;
             changed[i] += ( i + 1 ) % fixedEvery == 0 ? T( 0 ) : amount;
-            const bool isSame = changed == numbers;
+            const bool isUnmoved = changed == numbers, isNear = isUnmoved || amount < T( 0.5 );
             Value moved = start;
             std::memcpy( static_cast<void*>( &moved ), changed.data(), sizeof moved );
-            EXPECT_TRUE( ( moved == start ) == isSame && ( moved != start ) == !isSame ) << i << ' ' << amount;
-            EXPECT_EQ( moved.isEqualExact( start ), isSame ) << i << ' ' << amount;
-            EXPECT_EQ( moved.isEqual( start, T( 0.5 ) ), isSame || amount < T( 0.5 ) ) << i << ' ' << amount;
-            EXPECT_EQ( start.isEqual( moved, T( 0.5 ) ), isSame || amount < T( 0.5 ) ) << i << ' ' << amount;
+            EXPECT_TRUE( ( moved == start ) == isUnmoved && ( moved != start ) == !isUnmoved ) << i << ' ' << amount;
+            EXPECT_EQ( isSameExactly( moved, start, 0 ), isUnmoved ) << i << ' ' << amount;
+            EXPECT_TRUE( isSame( moved, start, T( 0.5 ) ) == isNear && isSame( start, moved, T( 0.5 ) ) == isNear )
+                << i << ' ' << amount;
+            EXPECT_TRUE( ( moved == moved ) == ( changed == changed ) && ( moved != moved ) == ( changed != changed ) );
         }
-    EXPECT_FALSE( start.isEqual( start, 0 ) );
+    EXPECT_FALSE( isSame( start, start, T( 0 ) ) );
 }
 
-TYPED_TEST( ValueClasses, ComparisonLooksAtEveryNumber )
+template <class T, class... Values>
+void expectComparisonsSeeEveryNumber( const Values&... values )
 {
-    using T = TypeParam;
-    expectComparisonSeesEveryNumber<T>( Interval<T>( 0, 1 ) );
-    expectComparisonSeesEveryNumber<T>( GeVector3<T>( 1, 2, 3 ) );
-    expectComparisonSeesEveryNumber<T>( GePoint3<T>( 1, 2, 3 ) );
-    expectComparisonSeesEveryNumber<T>( GeUnitVector3<T>( 0, 1, 0 ) );
-    expectComparisonSeesEveryNumber<T>( GeHomogeneousCoord3<T>( 1, 2, 3, 4 ) );
-    expectComparisonSeesEveryNumber<T>( GeLinearMatrix3<T>() );
-    expectComparisonSeesEveryNumber<T>( GeAffineMatrix3<T>(), 4 ); // the bottom row
-    expectComparisonSeesEveryNumber<T>( GeProjectiveMatrix3<T>() );
-    expectComparisonSeesEveryNumber<T>( GeAlignedBox3<T>( GePoint3<T>( 0, 1, 2 ), GePoint3<T>( 3, 4, 5 ) ) );
-    expectComparisonSeesEveryNumber<T>( GePlane3<T>( 1, 2, 3, 4 ) );
-    expectComparisonSeesEveryNumber<T>( GeNormalizedPlane3<T>( 0, 1, 0, 4 ) );
+    ( expectComparisonSeesEveryNumber<T>( values ), ... );
+}
+
+ZQ_TWIN_TEST( ValueClasses, ComparisonLooksAtEveryNumber )
+{
+    using Point = GePoint3<T>;
+    const GeVector3<T> v( 1, 2, 3 );
     const GeFrustum<T> frustum{ GeProjectiveMatrix3<T>() };
-    expectComparisonSeesEveryNumber<T>( frustum );
+    expectComparisonsSeeEveryNumber<T>( Interval<T>( 0, 1 ), v, Point( v ), GeUnitVector3<T>( 0, 1, 0 ),
+        GeVector2<T>( 1, 2 ), GePoint2<T>( 1, 2 ), GeUnitVector2<T>( 0, 1 ), GeHomogeneousCoord3<T>( 1, 2, 3, 4 ) );
+    expectComparisonsSeeEveryNumber<T>( GeLinearMatrix3<T>(), GeProjectiveMatrix3<T>(), GeRotation3<T>(),
+        GeXAxisRotation3<T>( 0, 1 ), GeScale3<T>( v ), GeTranslation3<T>( v ), GeQuaternion3<T>( 1, 2, 3, 4 ) );
+    expectComparisonsSeeEveryNumber<T>( GeAlignedBox3<T>( Point( 0, 1, 2 ), Point( 3, 4, 5 ) ),
+        GePlane3<T>( 1, 2, 3, 4 ), GeNormalizedPlane3<T>( 0, 1, 0, 4 ), GeSphere3<T>( Point( v ), 4 ), frustum );
+    expectComparisonsSeeEveryNumber<T>(
+        CoRgbColorT<T>( 1, 2, 3 ), CoHsvColorT<T>( 1, 2, 3 ), CoSpectrumT<T>( 1, 2, 3 ) );
+    expectComparisonSeesEveryNumber<T>( GeAffineMatrix3<T>(), 4 ); // the bottom row
     EXPECT_TRUE( isEqual( frustum, frustum, T( 1 ) ) && !isEqual( frustum, frustum, T( 0 ) ) );
     EXPECT_EQ( GeVector3<T>( 0, 1, 0 ), GeVector3<T>( T( -0.0 ), 1, 0 ) );
 }
@@ -73,17 +104,32 @@ std::string textOf( const Value& value )
     return buffer.str();
 }
 
-TYPED_TEST( ValueClasses, TextFollowsTheStream )
+ZQ_TWIN_TEST( ValueClasses, TextFollowsTheStream )
 {
-    using T = TypeParam;
     const double rows[4][4] = { { 1, 2, 3, 4 }, { 5, 6, 7, 8 }, { 9, 10, 11, 0.5 }, { 0, 0, -1, 0 } };
     EXPECT_EQ( textOf( GeVector3<T>( 1, T( 2.5 ), -3 ) ), "(1.0, 2.5, -3.0)" );
     EXPECT_EQ( textOf( GePoint3<T>( 0, 1, 2 ) ), "(0.0, 1.0, 2.0)" );
+    EXPECT_EQ( textOf( GeVector2<T>( 1, T( 2.5 ) ) ), "(1.0, 2.5)" );
+    EXPECT_EQ( textOf( GePoint2<int>( 3, -4 ) ), "(3, -4)" );
+    EXPECT_EQ( textOf( GeUnitVector2<T>( 0, -7 ) ), "(0.0, -1.0)" );
+    EXPECT_EQ( textOf( GeQuaternion3<T>( 1, T( 2.5 ), -3, 0 ) ), "[(1.0, 2.5, -3.0), 0.0]" );
+    EXPECT_EQ( textOf( GeScale3<T>( 2, 1, T( 0.5 ) ) ), "Scale3(2.0, 1.0, 0.5)" );
+    EXPECT_EQ( textOf( GeTranslation3<T>( -1, 0, T( 2.5 ) ) ), "Translation3(-1.0, 0.0, 2.5)" );
+    EXPECT_EQ( textOf( GeSphere3<T>( GePoint3<T>( 1, 2, 3 ), 4 ) ), "GeSphere {(1.0, 2.0, 3.0), 4.0} " );
+    EXPECT_EQ( textOf( CoRgbColorT<T>( T( 0.5 ), 1, -3 ) ), "0.5 1.0 -3.0" );
+    EXPECT_EQ( textOf( CoHsvColorT<T>( 120, T( 0.5 ), 1 ) ), "120.0 0.5 1.0" );
+    EXPECT_EQ( textOf( CoSpectrumT<T>( 1, T( 2.5 ), -3 ) ), "1.0 2.5 -3.0" );
     EXPECT_EQ( textOf( GeUnitVector3<T>( 0, 2, 0 ) ), "(0.0, 1.0, 0.0)" );
     EXPECT_EQ( textOf( GeHomogeneousCoord3<T>( 1, 2, 3, T( 0.5 ) ) ), "(1.0, 2.0, 3.0, 0.5)" );
     // a flushed line for each row
     EXPECT_EQ( textOf( GeLinearMatrix3<T>( 1, T( 2.5 ), -3, 0, 1, 0, 0, 0, 1 ) ),
         "| 1.0 2.5 -3.0 |\n~| 0.0 1.0 0.0 |\n~| 0.0 0.0 1.0 |\n~" );
+    EXPECT_EQ( textOf( GeRotation3<T>( GeLinearMatrix3<T>( 0, -1, 0, 1, 0, 0, 0, 0, 1 ) ) ),
+        "| 0.0 -1.0 0.0 |\n~| 1.0 0.0 0.0 |\n~| 0.0 0.0 1.0 |\n~" );
+    const T half = T( 0.5 );
+    EXPECT_EQ( textOf( GeXAxisRotation3<T>( half, 2 ) ), "| 1.0 0.0 0.0 |\n~| 0.0 0.5 -2.0 |\n~| 0.0 2.0 0.5 |\n~" );
+    EXPECT_EQ( textOf( GeYAxisRotation3<T>( half, 2 ) ), "| 0.5 0.0 2.0 |\n~| 0.0 1.0 0.0 |\n~| -2.0 0.0 0.5 |\n~" );
+    EXPECT_EQ( textOf( GeZAxisRotation3<T>( half, 2 ) ), "| 0.5 -2.0 0.0 |\n~| 2.0 0.5 0.0 |\n~| 0.0 0.0 1.0 |\n~" );
     const std::string upperRows = "| 1.0 2.0 3.0 4.0 |\n~| 5.0 6.0 7.0 8.0 |\n~| 9.0 10.0 11.0 0.5 |\n~";
     EXPECT_EQ( textOf( GeAffineMatrix3<T>( rows, false ) ), upperRows + "| 0.0 0.0 0.0 1.0 |\n~" );
     EXPECT_EQ( textOf( GeProjectiveMatrix3<T>( rows, false ) ), upperRows + "| 0.0 0.0 -1.0 0.0 |\n~" );
@@ -94,6 +140,70 @@ TYPED_TEST( ValueClasses, TextFollowsTheStream )
     EXPECT_EQ( textOf( GeFrustum<T>( GeProjectiveMatrix3<T>() ) ),
         "\nplane( 0 ) = [1.0, 0.0, 0.0, 1.0]\nplane( 1 ) = [-1.0, 0.0, 0.0, 1.0]\nplane( 2 ) = [0.0, 1.0, 0.0, 1.0]"
         "\nplane( 3 ) = [0.0, -1.0, 0.0, 1.0]\nplane( 4 ) = [0.0, 0.0, 1.0, 1.0]\nplane( 5 ) = [0.0, 0.0, -1.0, 1.0]" );
+}
+
+/// What becomes of `value` when it reads the text.
+template <class Value>
+Value parse( const std::string& text, Value value, bool shouldFail = false )
+{
+    std::istringstream is( text );
+    EXPECT_EQ( &( is >> value ), &is );
+    EXPECT_EQ( is.fail(), shouldFail ) << text;
+    return value;
+}
+
+/// White space is welcome before every item, and without any one of its characters, or with another in its place, the
+/// text is refused and nothing changed. The numbers have one digit each.
+template <class Value>
+void expectReading( const std::string& text, const Value& value, const Value& before )
+{
+    std::string spaced;
+    for ( std::size_t i = 0; i < text.size(); ++i )
+    {
+        spaced += { '\n', text[i] };
+        if ( text[i] == ' ' )
+            continue;
+        for ( const std::string& bad :
+            { text.substr( 0, i ), std::string( text ).erase( i, 1 ), std::string( text ).replace( i, 1, ";" ) } )
+            EXPECT_EQ( parse( bad, before, true ), before ) << bad;
+    }
+    EXPECT_EQ( parse( spaced + "rest", before ), value ) << text;
+}
+
+ZQ_TWIN_TEST( ValueClasses, TextIsReadWholeOrNotAtAll )
+{
+    using Unit = GeUnitVector3<T>;
+    expectReading<GeVector3<T>>( "(1, 2, 3)", { 1, 2, 3 }, { 7, 8, 9 } );
+    expectReading<GePoint3<T>>( "(1, 2, 3)", { 1, 2, 3 }, { 7, 8, 9 } );
+    expectReading<Unit>( "(0, 0, 4)", { 0, 0, 1 }, { 0, 1, 0 } );
+    expectReading<GeVector2<T>>( "(1, 2)", { 1, 2 }, { 7, 8 } );
+    expectReading<GePoint2<T>>( "(1, 2)", { 1, 2 }, { 7, 8 } );
+    expectReading<GeVector2<int>>( "(1, 2)", { 1, 2 }, { 7, 8 } );
+    expectReading<GePoint2<int>>( "(1, 2)", { 1, 2 }, { 7, 8 } );
+    expectReading<GeUnitVector2<T>>( "(0, 4)", { 0, 1 }, { 1, 0 } );
+    expectReading<GeQuaternion3<T>>( "[(5, 6, 7), 8]", { 5, 6, 7, 8 }, { 1, 2, 3, 4 } );
+    expectReading<CoRgbColorT<T>>( "1 2 3", { 1, 2, 3 }, { 7, 8, 9 } );
+    expectReading<CoHsvColorT<T>>( "1 2 3", { 1, 2, 3 }, { 7, 8, 9 } );
+    expectReading<CoSpectrumT<T>>( "1 2 3", { 1, 2, 3 }, { 7, 8, 9 } );
+    // integers stop at a decimal point and at overflow
+    for ( const char* text : { "(1.5, 2)", "(1, 2.5)", "(1e3, 2)", "(9999999999, 1)" } )
+        EXPECT_EQ( parse( text, GeVector2<int>( 7, 8 ), true ), ( GeVector2<int>( 7, 8 ) ) );
+    // a zero vector is read without complaint and keeps the direction
+    EXPECT_EQ( parse( "(0, 0, 0)", Unit( 0, 1, 0 ) ), Unit( 0, 1, 0 ) );
+    EXPECT_EQ( parse( "(0, 0)", GeUnitVector2<T>( 0, 1 ) ), ( GeUnitVector2<T>( 0, 1 ) ) );
+
+    // characters that were consumed are gone, and a wrong mark does not stop the reading of the rest
+    std::istringstream is( "[1, 2, 3] x" ), spoilt( "(1, 2, 3)" );
+    GeVector3<T> v( 7, 8, 9 );
+    v.read( is );
+    is.clear();
+    EXPECT_EQ( ( is >> std::ws ).peek(), 'x' );
+    spoilt.setstate( std::ios_base::failbit );
+    std::istream noBuffer( nullptr );
+    v.read( spoilt );
+    v.read( noBuffer );
+    EXPECT_EQ( v, GeVector3<T>( 7, 8, 9 ) );
+    EXPECT_TRUE( noBuffer.bad() && noBuffer.fail() );
 }
 
 } // namespace

@@ -3,6 +3,8 @@
 
 #include <zq/base/trace.h>
 
+#include <gtest/gtest.h>
+
 #include <string>
 #include <vector>
 
@@ -15,11 +17,23 @@ class CollectingTraceManager final : public Zq::TraceManager
 public:
     CollectingTraceManager() : _previous( setInstance( this ) ) {}
     ~CollectingTraceManager() { setInstance( _previous ); }
-    void output( const char* text ) override { messages.emplace_back( text ); }
+    void output( const char* text ) override { _messages.emplace_back( text ); }
 
-    std::vector<std::string> messages;
+    /// The messages since the last call, one after the other, without "file:line: ". All must come from that file.
+    std::string takeText( const std::string& file )
+    {
+        std::string text;
+        for ( const std::string& message : _messages )
+        {
+            EXPECT_EQ( message.rfind( file + ':', 0 ), 0U ) << message;
+            text += message.substr( message.find( ": " ) + 2 );
+        }
+        _messages.clear();
+        return text;
+    }
 
 private:
+    std::vector<std::string> _messages;
     Zq::TraceManager* _previous;
 };
 

@@ -30,12 +30,23 @@ constexpr T nan = std::numeric_limits<T>::quiet_NaN();
 
 } // namespace ZqTest
 
-/// Declares a typed suite that runs for float and double.
+/// Declares a suite that runs for float and double.
 #define ZQ_TWIN_SUITE( Suite )                                                                                         \
     template <class T>                                                                                                 \
     class Suite : public ::testing::Test                                                                               \
     {                                                                                                                  \
     };                                                                                                                 \
     TYPED_TEST_SUITE( Suite, ::ZqTest::Scalars, ::ZqTest::ScalarNames )
+
+/// The head of a test in such a suite; T is the scalar.
+#define ZQ_TWIN_TEST( Suite, Name )                                                                                    \
+    template <class T>                                                                                                 \
+    void test##Suite##Name();                                                                                          \
+    TYPED_TEST( Suite, Name )                                                                                          \
+    {                                                                                                                  \
+        test##Suite##Name<TypeParam>();                                                                                \
+    }                                                                                                                  \
+    template <class T>                                                                                                 \
+    void test##Suite##Name()
 
 #endif
