@@ -197,8 +197,7 @@ Canvas drawColorsPicture()
 
     drawText( picture, 28, 50, 22, "Hue, saturation, value", palette.ink, 1.2F );
     drawText( picture, 28, 82, 13,
-        "the hexcone, one sector taken out: grey in the axis, pure colours on the rim; every pixel comes from "
-        "convertToRgb",
+        "the hexcone, one sector taken out: grey in the axis, pure colours on the rim; by convertToRgb",
         palette.paleInk );
     return picture;
 }
