@@ -229,18 +229,20 @@ Imath::Line3f makeImathLine( const Point& origin, const Vector& direction )
     return line;
 }
 
-/// The quadratic in the terms of a vector library. Its users have unit directions, so it is not divided by a.
+/// The quadratic in the terms of a vector library, for directions of any length, as ours takes them.
 template <class Pair, class Dot>
-Roots intersectUnit( const Pair& pair, Dot dotProduct )
+Roots intersectAny( const Pair& pair, Dot dotProduct )
 {
     const auto m = decltype( pair.origin )( pair.origin - pair.center );
+    const float a = dotProduct( pair.direction, pair.direction );
     const float b = dotProduct( m, pair.direction );
     const float c = dotProduct( m, m ) - pair.radius * pair.radius;
-    const float discriminant = b * b - c;
+    const float discriminant = b * b - a * c;
     if ( discriminant < 0 )
         return { 0, 0 };
     const float root = std::sqrt( discriminant );
-    return { -b - root, -b + root };
+    const float inverse = 1 / a;
+    return { ( -b - root ) * inverse, ( -b + root ) * inverse };
 }
 
 void addPeerRows()
@@ -251,9 +253,9 @@ void addPeerRows()
             return GlmSphere{ convertTriple<glm::vec3>( pair.sphere.getCenter() ), pair.sphere.getRadius(),
                 convertTriple<glm::vec3>( pair.origin ), convertTriple<glm::vec3>( pair.direction ) };
         } );
+    const auto glmDot = []( const glm::vec3& a, const glm::vec3& b ) { return glm::dot( a, b ); };
     addSingles( { "raySphere", "glm", BRANCHY_COUNT }, glmSpheres,
-        []( const GlmSphere& pair )
-        { return intersectUnit( pair, []( const glm::vec3& a, const glm::vec3& b ) { return glm::dot( a, b ); } ); } );
+        [=]( const GlmSphere& pair ) { return intersectAny( pair, glmDot ); } );
     // the peers' own tests give one root, so they are not compared
     addSingles( { "raySphere", "glmOneRoot", BRANCHY_COUNT, Compare::NOTHING }, glmSpheres,
         []( const GlmSphere& pair )
@@ -268,11 +270,9 @@ void addPeerRows()
             return EigenSphere{ convertTriple<Eigen::Vector3f>( pair.sphere.getCenter() ), pair.sphere.getRadius(),
                 convertTriple<Eigen::Vector3f>( pair.origin ), convertTriple<Eigen::Vector3f>( pair.direction ) };
         } );
+    const auto eigenDot = []( const Eigen::Vector3f& a, const Eigen::Vector3f& b ) { return a.dot( b ); };
     addSingles( { "raySphere", "eigen", BRANCHY_COUNT }, eigenSpheres,
-        []( const EigenSphere& pair ) {
-            return intersectUnit(
-                pair, []( const Eigen::Vector3f& a, const Eigen::Vector3f& b ) { return a.dot( b ); } );
-        } );
+        [=]( const EigenSphere& pair ) { return intersectAny( pair, eigenDot ); } );
     const auto imathSpheres = makeConverted( getSpheres,
         []( const SphereAndRay& pair )
         {
