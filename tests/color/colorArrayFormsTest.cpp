@@ -3,7 +3,6 @@
 #include <zq/color/coHsvColor.h>
 #include <zq/color/kernels.h>
 
-using namespace Zq;
 using namespace ZqTest;
 
 namespace
@@ -11,9 +10,8 @@ namespace
 
 ZQ_TWIN_SUITE( ColorArrayForms );
 
-TYPED_TEST( ColorArrayForms, Conversions )
+ZQ_TWIN_TEST( ColorArrayForms, Conversions )
 {
-    using T = TypeParam;
     using Rgb = CoRgbColorT<T>;
     using Hsv = CoHsvColorT<T>;
     forEachLevel<Detail::CoKernels<T>>( Detail::findCoKernels<T>,
@@ -23,7 +21,7 @@ TYPED_TEST( ColorArrayForms, Conversions )
                 random, nbElements(),
                 [&]( const Rgb* colors, std::size_t count, Hsv* results )
                 { kernels.convertFromRgb( colors, count, results ); },
-                []( const Rgb& rgb, const Hsv& hsv ) { return isSameRecord<T>( hsv, Hsv::convertFromRgb( rgb ) ); } );
+                []( const Rgb& rgb, const Hsv& hsv ) { return isSame<T>( hsv, Hsv::convertFromRgb( rgb ) ); } );
             runForm<T, Hsv, Rgb>(
                 random, nbElements(),
                 [&]( Hsv* colors, std::size_t count, Rgb* results )
@@ -42,7 +40,7 @@ TYPED_TEST( ColorArrayForms, Conversions )
                     }
                     kernels.convertToRgb( colors, count, results );
                 },
-                []( const Hsv& hsv, const Rgb& rgb ) { return isSameRecord<T>( rgb, hsv.convertToRgb() ); } );
+                []( const Hsv& hsv, const Rgb& rgb ) { return isSame<T>( rgb, hsv.convertToRgb() ); } );
         } );
 }
 

@@ -8,10 +8,8 @@
 #include <zq/primitives/geShaft.h>
 #include <zq/primitives/kernels.h>
 
-#include <cstring>
 #include <memory>
 
-using namespace Zq;
 using namespace ZqTest;
 
 namespace
@@ -69,9 +67,8 @@ void makePlanes( Random& random, Planes<T>& planes )
 
 ZQ_TWIN_SUITE( ArrayForms );
 
-TYPED_TEST( ArrayForms, Frustum )
+ZQ_TWIN_TEST( ArrayForms, Frustum )
 {
-    using T = TypeParam;
     using Box = GeAlignedBox3<T>;
     using Point = GePoint3<T>;
     forEachLevel<Detail::GeKernels<T>>( Detail::findGeKernels<T>,
@@ -119,9 +116,8 @@ TYPED_TEST( ArrayForms, Frustum )
         } );
 }
 
-TYPED_TEST( ArrayForms, Boxes )
+ZQ_TWIN_TEST( ArrayForms, Boxes )
 {
-    using T = TypeParam;
     using Box = GeAlignedBox3<T>;
     using Point = GePoint3<T>;
     forEachLevel<Detail::GeKernels<T>>( Detail::findGeKernels<T>,
@@ -148,7 +144,7 @@ TYPED_TEST( ArrayForms, Boxes )
                     [&]( const Box* boxes, std::size_t count, Interval<T>* ranges )
                     { kernels.intersectLine( boxes, count, origin, direction, ranges ); },
                     [&]( const Box& other, const Interval<T>& range )
-                    { return isSameRecord<T>( range, other.intersectLine( origin, direction ) ); } );
+                    { return isSame<T>( range, other.intersectLine( origin, direction ) ); } );
 
                 // runs of points, some with hardly anything but zeros of both signs
                 const bool isFlat = run % 3 == 0;
@@ -168,16 +164,15 @@ TYPED_TEST( ArrayForms, Boxes )
                         std::memcpy( bounds, &grown, sizeof bounds );
                         kernels.extend( bounds, points, count );
                         std::memcpy( static_cast<void*>( &grown ), bounds, sizeof bounds );
-                        ASSERT_TRUE( isSameRecord<T>( grown, expected ) ) << grown << " for " << expected;
+                        ASSERT_TRUE( isSame<T>( grown, expected ) ) << grown << " for " << expected;
                     },
                     []( const Point&, unsigned char ) { return true; } );
             }
         } );
 }
 
-TYPED_TEST( ArrayForms, Matrices )
+ZQ_TWIN_TEST( ArrayForms, Matrices )
 {
-    using T = TypeParam;
     using Point = GePoint3<T>;
     using Vector = GeVector3<T>;
     using Coord = GeHomogeneousCoord3<T>;
@@ -200,7 +195,7 @@ TYPED_TEST( ArrayForms, Matrices )
                     random, nbElements() / 20,
                     [&]( const Point* points, std::size_t count, Point* results )
                     { kernels.transformPoints( columns.data(), points, count, results ); },
-                    [&]( const Point& p, const Point& result ) { return isSameRecord<T>( result, a * p ); } );
+                    [&]( const Point& p, const Point& result ) { return isSame<T>( result, a * p ); } );
                 runForm<T, Vector, Vector>(
                     random, nbElements() / 20,
                     [&]( const Vector* vectors, std::size_t count, Vector* results )
@@ -208,17 +203,17 @@ TYPED_TEST( ArrayForms, Matrices )
                         std::memcpy( static_cast<void*>( results ), vectors, count * sizeof( Vector ) );
                         kernels.transformVectors( columns.data(), results, count, results ); // in place
                     },
-                    [&]( const Vector& v, const Vector& result ) { return isSameRecord<T>( result, a * v ); } );
+                    [&]( const Vector& v, const Vector& result ) { return isSame<T>( result, a * v ); } );
                 runForm<T, Coord, Coord>(
                     random, nbElements() / 20,
                     [&]( const Coord* coords, std::size_t count, Coord* results )
                     { kernels.transformCoords( columns.data(), coords, count, results ); },
-                    [&]( const Coord& h, const Coord& result ) { return isSameRecord<T>( result, m * h ); } );
+                    [&]( const Coord& h, const Coord& result ) { return isSame<T>( result, m * h ); } );
                 runForm<T, Vector, Coord>(
                     random, nbElements() / 20,
                     [&]( const Vector* vectors, std::size_t count, Coord* results )
                     { kernels.projectVectors( columns.data(), vectors, count, results ); },
-                    [&]( const Vector& v, const Coord& result ) { return isSameRecord<T>( result, m * v ); } );
+                    [&]( const Vector& v, const Coord& result ) { return isSame<T>( result, m * v ); } );
             }
         } );
 }

@@ -1,18 +1,10 @@
 // The inverses against the plain decomposition, as bits.
 
-#include <zq/base/luDecomposition.h>
-#include <zq/primitives/geAffineMatrix3.h>
-#include <zq/primitives/geLinearMatrix3.h>
-#include <zq/primitives/geProjectiveMatrix3.h>
-
 #include "support/bits.h"
 
-#include <cmath>
-#include <cstddef>
-#include <limits>
-
-using namespace Zq;
-using ZqTest::Random;
+#include <zq/base/luDecomposition.h>
+#include <zq/primitives/geAffineMatrix3.h>
+#include <zq/primitives/geProjectiveMatrix3.h>
 
 namespace
 {
@@ -72,11 +64,10 @@ void expectSameInverse( Random& random )
     }
 }
 
-TYPED_TEST( InverseBits, areThoseOfThePlainDecomposition )
+ZQ_TWIN_TEST( InverseBits, areThoseOfThePlainDecomposition )
 {
-    using T = TypeParam;
     Random random( ZqTest::wideSeed() );
-    for ( int n = 0; n < 50000 && !this->HasFatalFailure(); ++n )
+    for ( int n = 0; n < 50000 && !::testing::Test::HasFatalFailure(); ++n )
     {
         expectSameInverse<T, 3, GeLinearMatrix3<T>>( random );
         expectSameInverse<T, 3, GeAffineMatrix3<T>>( random );

@@ -116,31 +116,23 @@ TEST( Shaft, HoldsExactlyTheHullOfTheBoxesAsSeenAlongEachAxis )
 TEST( Shaft, BoxesAreWidenedAlongTheirFirstFlatAxisOrAllAround )
 {
     const Box far( { 50, 60 }, { 50, 60 }, { 50, 60 } );
-    struct Case
+    const float sizes[] = { 2, -4, 3 };    // one is turned around
+    for ( int flat = 0; flat < 8; ++flat ) // a bit for each axis
     {
-        Box box;
-        Vector growth; // in 0.004
-    };
-    for ( const Case& c : {
-              Case{ { { 0, 2 }, { 0, -4 }, { 0, 3 } }, { 1, 1, 1 } },
-              Case{ { { 2, 2 }, { 0, 4 }, { 0, 3 } }, { 1, 0, 0 } },
-              Case{ { { 0, 2 }, { 1, 1 }, { 0, 4 } }, { 0, 1, 0 } },
-              Case{ { { 0, 2 }, { 0, 4 }, { 1, 1 } }, { 0, 0, 1 } },
-              Case{ { { 0, 2 }, { 0, 4 }, { 0, 9e-7F } }, { 0, 0, 1 } }, // flat within the tolerance
-              Case{ { { 1, 1 }, { 1, 1 }, { 0, 4 } }, { 1, 0, 0 } },
-              Case{ { { 0, 4 }, { 1, 1 }, { 1, 1 } }, { 0, 1, 0 } },
-              Case{ { { 1, 1 }, { 2, 2 }, { 3, 3 } }, { 0, 0, 0 } },
-          } )
-    {
-        Box expected = c.box;
+        Box box, expected;
+        const auto isFlat = [flat]( int axis ) { return ( flat >> axis & 1 ) != 0; };
+        for ( int axis = 0; axis < 3; ++axis )
+            box.setInterval( axis, { 0, isFlat( axis ) ? 9e-7F : sizes[axis] } ); // within the tolerance
+        const float growth = box.getSize().computeMaxAbs() * 0.001F;
         for ( int axis = 0; axis < 3; ++axis )
         {
-            const float growth = 4 * 0.001F * c.growth[axis];
-            const I bounds = c.box.getInterval( axis );
-            expected.setInterval( axis, { bounds.min - growth, bounds.max + growth } );
+            const bool isFirst = isFlat( axis ) && ( flat & ( ( 1 << axis ) - 1 ) ) == 0;
+            const float share = isFirst || flat == 0 ? growth : 0;
+            const I bounds = box.getInterval( axis );
+            expected.setInterval( axis, { bounds.min - share, bounds.max + share } );
         }
-        EXPECT_EQ( GeShaft( c.box, far ).getRefBox1(), expected );
-        EXPECT_EQ( GeShaft( far, c.box ).getRefBox2(), expected );
+        EXPECT_EQ( GeShaft( box, far ).getRefBox1(), expected ) << flat;
+        EXPECT_EQ( GeShaft( far, box ).getRefBox2(), expected ) << flat;
     }
 }
 

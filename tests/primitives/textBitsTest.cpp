@@ -1,26 +1,16 @@
 // Text output and input against << and >> item by item: characters, state, exceptions and what is left in the stream,
 // over streams of many states and buffers of many sizes.
 
+#include "support/bits.h"
+
 #include <zq/color/coRgbColor.h>
 #include <zq/primitives/geLinearMatrix3.h>
 #include <zq/primitives/gePlane3.h>
 #include <zq/primitives/geQuaternion3.h>
 #include <zq/primitives/geVector2.h>
-#include <zq/primitives/geVector3.h>
 
-#include "support/bits.h"
-
-#include <iomanip>
-#include <istream>
 #include <locale>
-#include <ostream>
-#include <sstream>
 #include <streambuf>
-#include <string>
-#include <vector>
-
-using namespace Zq;
-using ZqTest::Random;
 
 namespace
 {
@@ -93,72 +83,62 @@ struct CommaPunct : std::numpunct<char>
     std::string do_grouping() const override { return "\3"; }
 };
 
-constexpr std::ios_base::iostate masks[] = { std::ios_base::goodbit, std::ios_base::badbit, std::ios_base::failbit,
-    std::ios_base::eofbit, std::ios_base::badbit | std::ios_base::failbit };
+using Setter = void ( * )( std::ios& );
+const Setter setters[] = {
+    []( std::ios& ) {},
+    []( std::ios& stream ) { stream.precision( 3 ); },
+    []( std::ios& stream ) { stream.precision( 17 ); },
+    []( std::ios& stream ) { stream.width( 9 ), stream.fill( '*' ); },
+    []( std::ios& stream ) { stream.setf( std::ios_base::fixed, std::ios_base::floatfield ); },
+    []( std::ios& stream ) { stream.setf( std::ios_base::showpos ); },
+    []( std::ios& stream ) { stream.setf( std::ios_base::uppercase | std::ios_base::showpoint ); },
+    []( std::ios& stream ) { stream.setf( std::ios_base::hex, std::ios_base::basefield ); },
+    []( std::ios& stream ) { stream.setf( std::ios_base::unitbuf ); },
+    []( std::ios& stream ) { stream.unsetf( std::ios_base::skipws ); },
+    []( std::ios& stream ) { stream.imbue( std::locale( std::locale::classic(), new CommaPunct ) ); },
+    []( std::ios& stream ) { stream.setstate( std::ios_base::eofbit ); },
+    []( std::ios& stream ) { stream.setstate( std::ios_base::badbit ); },
+};
 
-constexpr int nbStates = 14;
-
-void setState( std::ios& stream, int state, std::ostream& tied )
+/// The circumstances of an operation, drawn once for the plain way and the fast one.
+struct Circumstances
 {
-    switch ( state )
+    explicit Circumstances( Random& random )
     {
-    case 1:
-        stream.precision( 3 );
-        break;
-    case 2:
-        stream.precision( 17 );
-        break;
-    case 3:
-        stream.width( 9 );
-        stream.fill( '*' );
-        break;
-    case 4:
-        stream.setf( std::ios_base::fixed, std::ios_base::floatfield );
-        break;
-    case 5:
-        stream.setf( std::ios_base::showpos );
-        break;
-    case 6:
-        stream.setf( std::ios_base::uppercase | std::ios_base::showpoint );
-        break;
-    case 7:
-        stream.setf( std::ios_base::hex, std::ios_base::basefield );
-        break;
-    case 8:
-        stream.setf( std::ios_base::unitbuf );
-        break;
-    case 9:
-        stream.unsetf( std::ios_base::skipws );
-        break;
-    case 10:
-        stream.imbue( std::locale( std::locale::classic(), new CommaPunct ) );
-        break;
-    case 11:
-        stream.tie( &tied );
-        break;
-    case 12:
-        stream.setstate( std::ios_base::eofbit );
-        break;
-    case 13:
-        stream.setstate( std::ios_base::badbit );
-        break;
-    default:
-        break;
+        const std::ios_base::iostate masks[] = { std::ios_base::goodbit, std::ios_base::badbit, std::ios_base::failbit,
+            std::ios_base::eofbit, std::ios_base::badbit | std::ios_base::failbit };
+        mask = masks[random.index( 5 )];
+        state = random.index( 2 ) * random.index( std::size( setters ) );
+        isTied = random.index( 8 ) == 0;
+        chunk = static_cast<std::size_t>( 1 + random.index( 2 ) * random.index( 200 ) );
+        limit = static_cast<std::size_t>( random.index( 4 ) == 0 ? random.index( 90 ) : 1000 );
+        doesThrow = random.index( 2 ) == 0;
     }
-}
+    std::string describe() const
+    {
+        return "chunk " + std::to_string( chunk ) + " limit " + std::to_string( limit ) + " state " +
+            std::to_string( state );
+    }
+
+    std::ios_base::iostate mask;
+    int state;
+    bool isTied, doesThrow;
+    std::size_t chunk, limit;
+};
 
 /// All that can be seen of an operation on a stream, as one text.
 template <class Stream, class Operation>
-std::string observe( Device& device, int state, std::ios_base::iostate mask, const Operation& operation )
+std::string observe( Device& device, const Circumstances& with, const Operation& operation )
 {
     Device tiedDevice( "", 8, 1000, false );
     std::ostream tied( &tiedDevice );
     Stream stream( &device );
-    setState( stream, state, tied );
+    setters[with.state]( stream );
+    stream.tie( with.isTied ? &tied : nullptr );
     std::ostringstream seen;
     try
     {
-        stream.exceptions( mask );
+        stream.exceptions( with.mask );
         operation( stream, seen );
         operation( stream, seen );
     }
@@ -177,30 +157,25 @@ std::string observe( Device& device, int state, std::ios_base::iostate mask, con
     return seen.str();
 }
 
-template <class Plain, class Fast>
-void expectSameOutput( Random& random, const Plain& plain, const Fast& fast )
+template <class Plain, class Value>
+void expectSameOutput( Random& random, const Plain& plain, const Value& value )
 {
-    const auto mask = masks[random.index( 5 )];
-    const int state = random.index( 2 ) * random.index( nbStates );
-    const std::size_t chunk = static_cast<std::size_t>( 1 + random.index( 2 ) * random.index( 90 ) );
-    const std::size_t limit = static_cast<std::size_t>( random.index( 4 ) == 0 ? random.index( 90 ) : 1000 );
-    const bool doesThrow = random.index( 2 ) == 0;
+    const Circumstances with( random );
     std::string texts[2];
     for ( int way = 0; way < 2; ++way )
     {
-        Device device( "", chunk, limit, doesThrow );
-        texts[way] = observe<std::ostream>(
-            device, state, mask, [&]( std::ostream& os, std::ostream& ) { way == 0 ? plain( os ) : fast( os ); } );
+        Device device( "", with.chunk, with.limit, with.doesThrow );
+        texts[way] = observe<std::ostream>( device, with,
+            [&]( std::ostream& os, std::ostream& ) { way == 0 ? plain( os ) : static_cast<void>( os << value ); } );
         texts[way] += " wrote " + device.takeWritten();
     }
-    ASSERT_EQ( texts[0], texts[1] ) << "chunk " << chunk << " limit " << limit << " state " << state;
+    ASSERT_EQ( texts[0], texts[1] ) << with.describe();
 }
 
-TYPED_TEST( TextBits, outputIsThatOfTheStream )
+ZQ_TWIN_TEST( TextBits, outputIsThatOfTheStream )
 {
-    using T = TypeParam;
     Random random( ZqTest::wideSeed() );
-    for ( int n = 0; n < 5000; ++n )
+    for ( int n = 0; n < 5000 && !::testing::Test::HasFatalFailure(); ++n )
     {
         T v[9];
         for ( T& element : v )
@@ -210,32 +185,31 @@ TYPED_TEST( TextBits, outputIsThatOfTheStream )
             if ( random.index( 2 ) == 0 )
                 element = std::round( element * T( 64 ) ) / T( random.index( 2 ) == 0 ? 64 : 1000 );
         }
-        const auto tuple = [&v]( std::ostream& os ) { os << '(' << v[0] << ", " << v[1] << ", " << v[2] << ')'; };
-        expectSameOutput( random, tuple, [&v]( std::ostream& os ) { os << GeVector3<T>( v[0], v[1], v[2] ); } );
-        const auto triple = [&v]( std::ostream& os ) { os << v[0] << ' ' << v[1] << ' ' << v[2]; };
-        expectSameOutput( random, triple, [&v]( std::ostream& os ) { os << CoRgbColorT<T>( v[0], v[1], v[2] ); } );
-        const auto integers = [&v]( std::ostream& os )
-        { os << '(' << int( v[0] > 0 ) - 2147483647 - 1 << ", " << 7 << ')'; };
-        expectSameOutput( random, integers,
-            [&v]( std::ostream& os ) { os << GeVector2<int>( int( v[0] > 0 ) - 2147483647 - 1, 7 ); } );
-        const auto plane = [&v]( std::ostream& os )
-        { os << '[' << v[0] << ", " << v[1] << ", " << v[2] << ", " << v[3] << ']'; };
+        const int lowest = int( v[0] > 0 ) - 2147483647 - 1;
+        const GeVector3<T> vector( v[0], v[1], v[2] );
         expectSameOutput(
-            random, plane, [&v]( std::ostream& os ) { os << GePlane3<T>( GeVector3<T>( v[0], v[1], v[2] ), v[3] ); } );
-        const auto quaternion = [&v]( std::ostream& os )
-        { os << "[(" << v[0] << ", " << v[1] << ", " << v[2] << "), " << v[3] << "]"; };
+            random, [&]( std::ostream& os ) { os << '(' << v[0] << ", " << v[1] << ", " << v[2] << ')'; }, vector );
         expectSameOutput(
-            random, quaternion, [&v]( std::ostream& os ) { os << GeQuaternion3<T>( v[0], v[1], v[2], v[3] ); } );
-        const auto matrix = [&v]( std::ostream& os )
-        {
-            for ( int r = 0; r < 9; r += 3 )
-                os << "| " << v[r] << ' ' << v[r + 1] << ' ' << v[r + 2] << ' ' << '|' << std::endl;
-        };
-        expectSameOutput( random, matrix,
-            [&v]( std::ostream& os )
-            { os << GeLinearMatrix3<T>( v[0], v[1], v[2], v[3], v[4], v[5], v[6], v[7], v[8] ); } );
-        if ( this->HasFatalFailure() )
-            return;
+            random, [&]( std::ostream& os ) { os << v[0] << ' ' << v[1] << ' ' << v[2]; },
+            CoRgbColorT<T>( v[0], v[1], v[2] ) );
+        expectSameOutput(
+            random, [&]( std::ostream& os ) { os << '(' << lowest << ", " << 7 << ')'; }, GeVector2<int>( lowest, 7 ) );
+        expectSameOutput(
+            random,
+            [&]( std::ostream& os ) { os << '[' << v[0] << ", " << v[1] << ", " << v[2] << ", " << v[3] << ']'; },
+            GePlane3<T>( vector, v[3] ) );
+        expectSameOutput(
+            random,
+            [&]( std::ostream& os ) { os << "[(" << v[0] << ", " << v[1] << ", " << v[2] << "), " << v[3] << "]"; },
+            GeQuaternion3<T>( v[0], v[1], v[2], v[3] ) );
+        expectSameOutput(
+            random,
+            [&]( std::ostream& os )
+            {
+                for ( int r = 0; r < 9; r += 3 )
+                    os << "| " << v[r] << ' ' << v[r + 1] << ' ' << v[r + 2] << ' ' << '|' << std::endl;
+            },
+            GeLinearMatrix3<T>( v[0], v[1], v[2], v[3], v[4], v[5], v[6], v[7], v[8] ) );
     }
 }
 
@@ -267,69 +241,48 @@ std::string makeText( Random& random, const char* form )
     return result;
 }
 
+/// Reads the form item by item; it does not stop at a wrong mark.
 template <class T>
-void readPlainTuple( std::istream& is, GeVector3<T>& v )
+std::vector<T> readPlainly( std::istream& is, const char* form )
 {
-    T read[3] = {};
-    char mark = 0;
-    is >> mark;
-    bool matches = mark == '(';
-    for ( int i = 0; i < 3; ++i )
+    std::vector<T> numbers;
+    bool matches = true;
+    for ( ; *form != '\0'; ++form )
     {
-        is >> read[i];
-        mark = 0;
-        is >> mark;
-        matches = matches && mark == ",,)"[i];
+        char mark = 0;
+        if ( *form == 'n' )
+            is >> numbers.emplace_back();
+        else if ( *form != ' ' )
+            matches = is >> mark && mark == *form && matches;
     }
-    if ( is.fail() || !matches )
+    if ( !matches )
         is.setstate( std::ios_base::failbit );
-    else
-        v.set( read[0], read[1], read[2] );
+    return numbers;
 }
 
-template <class T>
-void readPlainTriple( std::istream& is, CoRgbColorT<T>& color )
+template <class Value, class T, class... Indices>
+void expectSameInput( Random& random, const char* form, Indices... indices )
 {
-    T a{}, b{}, c{};
-    is >> a >> b >> c;
-    if ( !is.fail() )
-        color = CoRgbColorT<T>( a, b, c );
-}
-
-template <class T>
-void readPlainQuaternion( std::istream& is, GeQuaternion3<T>& q )
-{
-    T v[4];
-    char marks[8] = {};
-    is >> marks[0] >> marks[1] >> v[0] >> marks[2] >> v[1] >> marks[3] >> v[2] >> marks[4] >> marks[5] >> v[3] >>
-        marks[6];
-    if ( !is.fail() && std::string( marks ) == "[(,,),]" )
-        q = GeQuaternion3<T>( v[0], v[1], v[2], v[3] );
-    else
-        is.setstate( std::ios_base::failbit );
-}
-
-template <class T, class Value>
-void expectSameInput( Random& random, const char* form, void ( *plain )( std::istream&, Value& ) )
-{
-    const auto mask = masks[random.index( 5 )];
-    const int state = random.index( 2 ) * random.index( nbStates );
+    const Circumstances with( random );
     const std::string text =
         makeText<T>( random, form ) + ( random.index( 2 ) == 0 ? " " : "" ) + makeText<T>( random, form );
-    const std::size_t chunk = static_cast<std::size_t>( 1 + random.index( 2 ) * random.index( 200 ) );
-    const std::size_t limit = static_cast<std::size_t>( random.index( 4 ) == 0 ? random.index( 90 ) : 1000 );
-    const bool doesThrow = random.index( 2 ) == 0;
     std::string seen[2];
     Value values[2];
     for ( int way = 0; way < 2; ++way )
     {
-        Device device( text, chunk, limit, doesThrow );
-        seen[way] = observe<std::istream>( device, state, mask,
+        Device device( text, with.chunk, with.limit, with.doesThrow );
+        const auto readPlain = [&]( std::istream& is )
+        {
+            const std::vector<T> numbers = readPlainly<T>( is, form );
+            if ( !is.fail() )
+                values[0] = Value( numbers[indices]... );
+        };
+        seen[way] = observe<std::istream>( device, with,
             [&]( std::istream& is, std::ostream& note )
             {
                 note << ( is.ignore( 1 ).gcount() ) << ' ';
                 is.unget();
-                way == 0 ? plain( is, values[0] ) : static_cast<void>( is >> values[1] );
+                way == 0 ? readPlain( is ) : static_cast<void>( is >> values[1] );
                 note << is.gcount() << ' ';
             } );
         try
@@ -341,21 +294,18 @@ void expectSameInput( Random& random, const char* form, void ( *plain )( std::is
         {
         }
     }
-    ASSERT_EQ( seen[0], seen[1] ) << text << " chunk " << chunk << " limit " << limit << " state " << state;
+    ASSERT_EQ( seen[0], seen[1] ) << text << ' ' << with.describe();
     ASSERT_TRUE( ZqTest::isSame<T>( values[0], values[1] ) ) << text;
 }
 
-TYPED_TEST( TextBits, inputIsThatOfTheStream )
+ZQ_TWIN_TEST( TextBits, inputIsThatOfTheStream )
 {
-    using T = TypeParam;
     Random random( ZqTest::wideSeed() );
-    for ( int n = 0; n < 5000; ++n )
+    for ( int n = 0; n < 5000 && !::testing::Test::HasFatalFailure(); ++n )
     {
-        expectSameInput<T, GeVector3<T>>( random, "(n,n,n)", readPlainTuple<T> );
-        expectSameInput<T, CoRgbColorT<T>>( random, "n n n", readPlainTriple<T> );
-        expectSameInput<T, GeQuaternion3<T>>( random, "[(n,n,n),n]", readPlainQuaternion<T> );
-        if ( this->HasFatalFailure() )
-            return;
+        expectSameInput<GeVector3<T>, T>( random, "(n,n,n)", 0U, 1U, 2U );
+        expectSameInput<CoRgbColorT<T>, T>( random, "n n n", 0U, 1U, 2U );
+        expectSameInput<GeQuaternion3<T>, T>( random, "[(n,n,n),n]", 0U, 1U, 2U, 3U );
     }
 }
 

@@ -1,15 +1,11 @@
 #ifndef ZQ_TESTS_SUPPORT_ARRAYFORMS_H
 #define ZQ_TESTS_SUPPORT_ARRAYFORMS_H
 
-#include "numbers.h"
-#include "random.h"
-#include "scalars.h"
+#include "bits.h"
 
 #include <zq/base/kernelLevel.h>
 
-#include <cmath>
 #include <cstdlib>
-#include <cstring>
 #include <memory>
 
 namespace ZqTest
@@ -53,23 +49,6 @@ Record makeRecord( Random& random )
     Record record;
     std::memcpy( static_cast<void*>( &record ), numbers, sizeof numbers );
     return record;
-}
-
-template <class T>
-bool isSameBits( const T& a, const T& b )
-{
-    return std::memcmp( &a, &b, sizeof a ) == 0 || ( std::isnan( a ) && std::isnan( b ) ); // any NaN for a NaN
-}
-
-template <class T, class Record>
-bool isSameRecord( const Record& a, const Record& b )
-{
-    const auto x = numbersOf<T>( a );
-    const auto y = numbersOf<T>( b );
-    for ( std::size_t i = 0; i < x.size(); ++i )
-        if ( !isSameBits( x[i], y[i] ) )
-            return false;
-    return true;
 }
 
 /// Runs an array form over runs of 0 to some hundreds of elements; compare( element, result ) judges each.

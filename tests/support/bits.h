@@ -1,14 +1,7 @@
 #ifndef ZQ_TESTS_SUPPORT_BITS_H
 #define ZQ_TESTS_SUPPORT_BITS_H
 
-#include "support/random.h"
-#include "support/scalars.h"
-
-#include <gtest/gtest.h>
-
-#include <cmath>
-#include <cstring>
-#include <limits>
+#include "prelude.h"
 
 namespace ZqTest
 {
@@ -42,16 +35,10 @@ T anyNumber( Random& random )
 template <class T, class Value>
 bool isSame( const Value& a, const Value& b )
 {
-    T x[sizeof( Value ) / sizeof( T )], y[sizeof( Value ) / sizeof( T )];
-    static_assert( sizeof x == sizeof( Value ) );
-    std::memcpy( x, &a, sizeof a );
-    std::memcpy( y, &b, sizeof b );
-    for ( std::size_t i = 0; i < sizeof x / sizeof *x; ++i )
-    {
-        if ( std::memcmp( x + i, y + i, sizeof( T ) ) != 0 && !( std::isnan( x[i] ) && std::isnan( y[i] ) ) )
-            return false;
-    }
-    return true;
+    const auto x = numbersOf<T>( a ), y = numbersOf<T>( b );
+    return std::equal( x.begin(), x.end(), y.begin(),
+        []( const T& p, const T& q )
+        { return std::memcmp( &p, &q, sizeof p ) == 0 || ( std::isnan( p ) && std::isnan( q ) ); } );
 }
 
 } // namespace ZqTest
