@@ -109,6 +109,9 @@ public:
     std::ostream& dump( std::ostream& os ) const;
 
 private:
+    /// intersectLine() axis by axis, for any direction.
+    Interval<T> intersectSlabs( const GePoint3<T>& origin, const GeVector3<T>& direction ) const;
+
     Interval<T> _intervals[3];
 };
 
