@@ -57,8 +57,8 @@ def describe_build(folder):
     native = ""
     if "-march=native" in flags:
         match = re.search(r"-march=\s+(\S+)", run_command(compiler, "-march=native", "-Q", "--help=target"))
-        native = f" (that is {match.group(1)})" if match else ""
-    return {"compiler": re.sub(r"^\S*/", "", version), "flags": " ".join(flags) + native}
+        native = f", {match.group(1)} to the compiler" if match else ""
+    return {"compiler": re.sub(r"^\S*/", "", version), "flags": f"`{' '.join(flags)}`{native}"}
 
 
 def describe_machine():
@@ -76,7 +76,7 @@ def describe_peers():
     peers = {}
     for name, package in PEER_PACKAGES.items():
         version = run_command("dpkg-query", "-W", "-f", "${Version}", package)
-        peers[name] = re.sub(r"^\d+:|[+-][^-]*$", "", version) or "?"
+        peers[name] = re.sub(r"^\d+:|[+-].*$", "", version) or "?"
     return peers
 
 
@@ -154,7 +154,21 @@ class Row:
         return f"{goal['against']} {join(map(format_ratio, ratios))}, goal {join(limits)}: {verdict}"
 
 
-def write_document(groups, machine, builds, peers, date, remarks):
+def write_pairs(pairs, medians):
+    """What the array forms are worth."""
+    lines = ["", "## One by one or all at once", "",
+             "The array forms give the same bits as the single calls. Use them wherever there are more than a handful.", "",
+             "| operation | one call, ns | in an array, ns | times as fast |", "|---|---:|---:|---:|"]
+    for pair in pairs:
+        times = [[medians[target].get("/ours/".join(pair[form].split("/"))) for target in TARGETS]
+                 for form in ("single", "array")]
+        factors = [f"{single / array:.1f}" if single and array else "–" for single, array in zip(*times)]
+        lines.append(f"| {pair['says']} | {join(map(format_ns, times[0]))} | {join(map(format_ns, times[1]))} "
+                     f"| {join(factors)} |")
+    return lines
+
+
+def write_document(groups, pairs, machine, builds, peers, date, remarks):
     lines = ["# Performance", "",
              "Written by `scripts/benchmark`; do not edit. How the rows are made: [benchmarks/README.md](../benchmarks/README.md).",
              "The medians of every contender are kept in `benchmarks/results`.", "",
@@ -162,11 +176,11 @@ def write_document(groups, machine, builds, peers, date, remarks):
              "per item. *Peer* is the fastest library that does the same, *plain* the rule in straight scalar C++, *floor* a",
              "pass that only reads the same bytes; a ratio is our time by theirs, so below 1 we are faster. Goals compare",
              "calls into a compiled library with code that is inlined. The array forms choose their instructions at run time,",
-             "so they are the same in both columns; what changes is what the compiler makes of their opponents.", "",
+             "so theirs hardly differ; what changes is what the compiler makes of their opponents.", "",
              "| | |", "|---|---|",
              f"| processor | {machine['cpu']}, {machine['cores']} cores; {', '.join(machine['levels'])} |"]
     for target, words in zip(TARGETS, ("default target", "widest target")):
-        lines.append(f"| {words} | {builds[target]['compiler']}; `{builds[target]['flags']}` |")
+        lines.append(f"| {words} | {builds[target]['compiler']}; {builds[target]['flags']} |")
     lines.append(f"| peers | {', '.join(f'{name} {version}' for name, version in peers.items())} |")
     lines.append(f"| date | {date} |")
 
@@ -175,6 +189,7 @@ def write_document(groups, machine, builds, peers, date, remarks):
     lines += ["", f"Of {len(verdicts)} goals, each target counted by itself, {sum(verdicts)} are met; the end of this page"
               " is about the others."]
 
+    lines += pairs
     unmet, missing = [], []
     for title, rows in groups:
         lines += ["", f"## {title}", "",
@@ -209,7 +224,8 @@ def main():
     for target, path in paths.items():
         medians[target], rows = read_medians(path)
         unsteady.update(f"{name} ({target})" for name in rows)
-    goals = json.loads((HERE / "goals.json").read_text())["groups"]
+    spec = json.loads((HERE / "goals.json").read_text())
+    goals = spec["groups"]
     remarks = json.loads((HERE / "remarks.json").read_text())
     groups = [(group["title"], [Row(spec, medians) for spec in group["rows"]]) for group in goals]
 
@@ -230,7 +246,8 @@ def main():
     builds = {target: describe_build(path.parent) for target, path in paths.items()}
     peers = describe_peers()
     date = datetime.datetime.now(datetime.timezone.utc).date().isoformat()
-    text, unexplained, missing = write_document(groups, machine, builds, peers, date, remarks)
+    text, unexplained, missing = write_document(
+        groups, write_pairs(spec["pairs"], medians), machine, builds, peers, date, remarks)
     (HERE.parent / "docs" / "performance.md").write_text(text)
 
     results = HERE / "results"
