@@ -38,7 +38,7 @@ TEST( Trace, ALevelIsKnownByNameAndItsMessagesAreBuiltOnlyWhileItIsOn )
     EXPECT_STREQ( level->getSourceFile(), "first" );
 
     int built = 0;
-    ZqTest::CollectingTraceManager manager;
+    ZqTest::CollectingTraceManager manager( "ServicesTest level" );
     for ( const bool isOn : { Trace::isEnabled( *level ), true, false } )
     {
         level->setEnabled( isOn );

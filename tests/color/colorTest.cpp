@@ -33,12 +33,8 @@ ZQ_TWIN_TEST( Color, NamedColoursBothWays )
 {
     using Rgb = CoRgbColorT<T>;
     using Hsv = CoHsvColorT<T>;
-    struct Case
-    {
-        Rgb rgb;
-        Hsv hsv;
-    };
-    for ( const Case& c : std::vector<Case>{
+    using Pair = std::pair<Rgb, Hsv>;
+    for ( const auto& [named, converted] : std::vector<Pair>{
               { { 1, 0, 0 }, { 0, 1, 1 } },
               { { 1, 1, 0 }, { 60, 1, 1 } }, // red wins the tie with green
               { { 0, 1, 0 }, { 120, 1, 1 } },
@@ -50,8 +46,8 @@ ZQ_TWIN_TEST( Color, NamedColoursBothWays )
               { { 1, -1, 0 }, { 330, 2, 1 } },
           } )
     {
-        EXPECT_EQ( Hsv::convertFromRgb( c.rgb ), c.hsv ) << c.rgb;
-        EXPECT_EQ( c.hsv.convertToRgb(), c.rgb ) << c.hsv;
+        EXPECT_EQ( Hsv::convertFromRgb( named ), converted ) << named;
+        EXPECT_EQ( converted.convertToRgb(), named ) << converted;
     }
     EXPECT_EQ( Hsv( -120, 1, 1 ).convertToRgb(), Rgb( 0, 0, 1 ) );
     EXPECT_EQ( Hsv( 720, 1, 1 ).convertToRgb(), Rgb( 1, 0, 0 ) );

@@ -123,12 +123,8 @@ TEST( FloatingCone, ExpandAtItsLimits )
     const float tilted = std::sqrt( 1 - 0.81F ), exact = 1e-30F;
     const Unit justBefore( tilted, 0, -0.9F, GE_TRUSTED );
     const Unit justBeyond( tilted, 0, std::nextafter( -0.9F, -1.0F ), GE_TRUSTED );
-    struct Row
-    {
-        GeFloatingCone cone, other, expected;
-        float tolerance;
-    };
-    for ( const Row& row : {
+    using Row = std::tuple<GeFloatingCone, GeFloatingCone, GeFloatingCone, float>;
+    for ( const auto& [start, other, expected, tolerance] : {
               Row{ { Z, SPHERE }, { X, 0.5F }, { Z, SPHERE }, exact },
               Row{ { Z, 4.0F }, { X, SPHERE }, { Z, 4.0F }, exact },
               Row{ { Z, 0.5F }, { X, SPHERE }, { Z, SPHERE }, exact },
@@ -138,9 +134,9 @@ TEST( FloatingCone, ExpandAtItsLimits )
               Row{ { Z, 3.0F }, { X, 3.0F }, { Unit( 1, 0, 1 ), 3 + QUARTER_PI }, 1e-6F }, // there is no limit
           } )
     {
-        GeFloatingCone cone = row.cone;
-        cone.expand( row.other );
-        EXPECT_TRUE( cone.isEqual( row.expected, row.tolerance, row.tolerance ) ) << cone << row.expected;
+        GeFloatingCone cone = start;
+        cone.expand( other );
+        EXPECT_TRUE( cone.isEqual( expected, tolerance, tolerance ) ) << cone << expected;
     }
     for ( const float bad : { ZqTest::nan<float>, -ZqTest::infinity<float> } )
     {
@@ -152,9 +148,7 @@ TEST( FloatingCone, ExpandAtItsLimits )
 
 TEST( FloatingCone, ExpandByItselfShowsTheRoundingOfTheAxis )
 {
-    TraceLevel* const level = Trace::findLevel( "Geometry" );
-    ASSERT_TRUE( level );
-    ZqTest::CollectingTraceManager traces;
+    ZqTest::CollectingTraceManager traces( "Geometry" );
     Random random( 4 );
     int sawOrder = 0;
     for ( int i = 0; i < 3000; ++i )
@@ -163,14 +157,13 @@ TEST( FloatingCone, ExpandByItselfShowsTheRoundingOfTheAxis )
         const float x = axis.getX(), y = axis.getY(), z = axis.getZ();
         const float square = z * z + y * y + x * x;
         sawOrder += ( square > 1 ) != ( x * x + y * y + z * z > 1 );
-        level->setEnabled( i % 2 );
+        traces.level->setEnabled( i % 2 );
         GeFloatingCone cone( axis, 0.5F );
         cone.expand( cone );
         EXPECT_NEAR( cone.getSemiAngle(), square < 1 ? 0.5003 : 0.5, square < 1 ? 0.0002 : 0 );
         // a cosine above one is traced
         ASSERT_EQ( traces.takeText( "src/primitives/geFloatingCone" ), i % 2 && square > 1 ? "dotAxis=1\n" : "" );
     }
-    level->setEnabled( false );
     EXPECT_GT( sawOrder, 0 ) << "no input tells the order of the sum";
 }
 
@@ -428,13 +421,8 @@ TEST( CullingCones, NamedViewpoints )
     const float widest = 1.57079625F; // twice this is the largest float below pi
     const float beyond = std::nextafter( widest, 2.0F );
     const float noCosine = -ZqTest::infinity<float>; // passes the angle test, and its sine is NaN
-    struct Row
-    {
-        float semiAngle, cosBeta;
-        Point p;
-        bool isBehind, isInFront;
-    };
-    for ( const Row& row : {
+    using Row = std::tuple<float, float, Point, bool, bool>;
+    for ( const auto& [semiAngle, cosBeta, p, isBehind, isInFront] : {
               Row{ 0.5F, 0.479425539F, Point( 0, 0, 1 ), true, false }, // the tips count
               Row{ 0.5F, 0.479425539F, Point( 0, 0, 11 ), false, true },
               Row{ 0.5F, 0.479425539F, Point( nan, 0, 0 ), false, false },
@@ -454,12 +442,12 @@ TEST( CullingCones, NamedViewpoints )
               Row{ -0.5F, -0.479425539F, Point( 0, 0, -1 ), false, true },
           } )
     {
-        const GeCullingCones cones( { Z, row.semiAngle }, Point( 0, 0, 1 ), 10 );
-        EXPECT_EQ( cones.isBehind( row.p ), row.isBehind ) << cones << row.p;
-        EXPECT_EQ( cones.isInFront( row.p ), row.isInFront ) << cones << row.p;
-        EXPECT_TRUE( cones.getCosBeta() == row.cosBeta || std::isnan( row.cosBeta ) ) << cones;
-        EXPECT_EQ( std::isnan( cones.getCullingSemiAngle() ), std::isnan( row.cosBeta ) ) << cones;
-        EXPECT_TRUE( cones.getCullingSemiAngle() == 0 || !( row.cosBeta < 0 ) ) << cones;
+        const GeCullingCones cones( { Z, semiAngle }, Point( 0, 0, 1 ), 10 );
+        EXPECT_EQ( cones.isBehind( p ), isBehind ) << cones << p;
+        EXPECT_EQ( cones.isInFront( p ), isInFront ) << cones << p;
+        EXPECT_TRUE( cones.getCosBeta() == cosBeta || std::isnan( cosBeta ) ) << cones;
+        EXPECT_EQ( std::isnan( cones.getCullingSemiAngle() ), std::isnan( cosBeta ) ) << cones;
+        EXPECT_TRUE( cones.getCullingSemiAngle() == 0 || !( cosBeta < 0 ) ) << cones;
     }
 }
 

@@ -176,13 +176,10 @@ ZQ_TWIN_TEST( Frustum, ACornerAtInfinityLeavesThreePlanes )
 ZQ_TWIN_TEST( Frustum, TracesItsConstructionWhenAsked )
 {
     const GeProjectiveMatrix3<T> m( CUBE_FROM_ZERO_TO_TWO, false );
-    ZqTest::CollectingTraceManager traces;
-    TraceLevel* level = Trace::findLevel( "GeFrustum" );
-    ASSERT_NE( level, nullptr );
+    ZqTest::CollectingTraceManager traces( "GeFrustum" );
     const GeFrustum<T> silent( m );
-    level->setEnabled( true );
+    traces.level->setEnabled( true );
     const GeFrustum<T> frustum( m );
-    level->setEnabled( false );
 
     std::ostringstream expected;
     expected << " imapping: \n"

@@ -152,20 +152,16 @@ TEST( Shaft, FacesWithinAThousandthAreOne )
 {
     // Flat in z, so that x and y stay as they are. Box 2 is higher up, and its x bounds are off by these amounts; a
     // difference of exactly the tolerance counts.
-    struct Row
-    {
-        float atMin, atMax;
-        std::size_t nbPlanes;
-    };
-    for ( const Row& row :
+    using Row = std::tuple<float, float, std::size_t>;
+    for ( const auto& [atMin, atMax, nbPlanes] :
         { Row{ -0.0009F, 0.0009F, 0 }, Row{ -0.0011F, 0.0011F, 2 }, Row{ 0.001F, 0, 1 }, Row{ 0, -0.0011F, 1 } } )
     {
-        const Box low( { 0, 1 }, { 0, 1 }, { 0, 0 } ), high( { row.atMin, 1 + row.atMax }, { 3, 4 }, { 0, 0 } );
-        const I extent( std::min( 0.0F, row.atMin ), std::max( 1.0F, 1 + row.atMax ) );
+        const Box low( { 0, 1 }, { 0, 1 }, { 0, 0 } ), high( { atMin, 1 + atMax }, { 3, 4 }, { 0, 0 } );
+        const I extent( std::min( 0.0F, atMin ), std::max( 1.0F, 1 + atMax ) );
         for ( const GeShaft& shaft : { GeShaft( low, high ), GeShaft( high, low ) } )
         {
             EXPECT_EQ( shaft.getExtentBox().getInterval( 0 ), extent );
-            EXPECT_EQ( planesOf( shaft ).size(), row.nbPlanes ) << shaft;
+            EXPECT_EQ( planesOf( shaft ).size(), nbPlanes ) << shaft;
         }
     }
     const GeShaft above( Box( { -1, 0 }, { 0, 1 }, { 0, 0 } ), Box( { -1, 0.001F }, { 3, 4 }, { 0, 0 } ) );
@@ -194,12 +190,8 @@ TEST( Shaft, PlanesInOrderAndOriented )
 TEST( Shaft, ConventionsCrossOnTheBoundary )
 {
     const GeShaft shaft = makeDiagonal();
-    struct Row
-    {
-        Point p;
-        bool closed, open;
-    };
-    for ( const Row& row : {
+    using Row = std::tuple<Point, bool, bool>;
+    for ( const auto& [p, closed, open] : {
               Row{ { 1.5F, 2.5F, 0 }, false, true }, // on a plane
               Row{ { 1.5F, 0.5F, 0 }, false, true }, // on the other
               Row{ { 0, 0.5F, 0 }, true, false },    // on a face of the extent box
@@ -211,8 +203,8 @@ TEST( Shaft, ConventionsCrossOnTheBoundary )
               Row{ { ZqTest::nan<float>, 1, 0 }, false, false },
           } )
     {
-        EXPECT_EQ( shaft.contains( row.p ), row.closed ) << row.p;
-        EXPECT_EQ( shaft.containsExclude( row.p ), row.open ) << row.p;
+        EXPECT_EQ( shaft.contains( p ), closed ) << p;
+        EXPECT_EQ( shaft.containsExclude( p ), open ) << p;
     }
 
     const auto overlaps = [&]( const char* what, const Box& box, I::Containment closed, I::Containment open )
@@ -334,14 +326,11 @@ Plane set=
  [2, -2, 0, -2]
 Uninitialized shaft
 )" );
-    ZqTest::CollectingTraceManager traces;
-    TraceLevel* level = Trace::findLevel( "GeShaft" );
-    ASSERT_NE( level, nullptr );
+    ZqTest::CollectingTraceManager traces( "GeShaft" );
     makeDiagonal();
-    level->setEnabled( true );
+    traces.level->setEnabled( true );
     // the second plane has to be turned: the point is told before, the plane after
     const GeShaft shaft( Box( { 2, 3 }, { 0, 1 }, { 0, 0 } ), Box( { 0, 1 }, { 2, 3 }, { 0, 0 } ) );
-    level->setEnabled( false );
     EXPECT_EQ( traces.takeText( "src/primitives/geShaft" ),
         "\n1 MIN_X =0\n1 MIN_Y =1\n1 MIN_Z =0\n1 MAX_X =1\n1 MAX_Y =0\n1 MAX_Z =0\n"
         "\n2 MIN_X =1\n2 MIN_Y =0\n2 MIN_Z =0\n2 MAX_X =0\n2 MAX_Y =1\n2 MAX_Z =0\n"

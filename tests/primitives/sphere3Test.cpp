@@ -11,15 +11,8 @@ ZQ_TWIN_TEST( Sphere3, LinesThatHitTouchAndMiss )
 {
     const GeSphere3<T> unit( GePoint3<T>(), 1 );
     const T tiny = T( 1.0 / 65536 ); // its square falls away
-    struct Case
-    {
-        const char* what;
-        GePoint3<T> origin;
-        GeVector3<T> direction;
-        bool hits;
-        T t0, t1;
-    };
-    for ( const Case& c :
+    using Case = std::tuple<const char*, GePoint3<T>, GeVector3<T>, bool, T, T>;
+    for ( const auto& [what, origin, direction, hits, expected0, expected1] :
         std::vector<Case>{
             { "in front", { -5, 0, 0 }, { 1, 0, 0 }, true, 4, 6 },
             { "behind", { 5, 0, 0 }, { 1, 0, 0 }, true, -6, -4 },
@@ -33,9 +26,8 @@ ZQ_TWIN_TEST( Sphere3, LinesThatHitTouchAndMiss )
         } )
     {
         T t0 = 7, t1 = 8;
-        EXPECT_EQ( unit.intersectRay( c.origin, c.direction, t0, t1 ), c.hits ) << c.what;
-        EXPECT_EQ( t0, c.t0 ) << c.what;
-        EXPECT_EQ( t1, c.t1 ) << c.what;
+        EXPECT_EQ( unit.intersectRay( origin, direction, t0, t1 ), hits ) << what;
+        EXPECT_TRUE( t0 == expected0 && t1 == expected1 ) << what << ' ' << t0 << ' ' << t1;
     }
 }
 
@@ -94,14 +86,8 @@ ZQ_TWIN_TEST( Sphere3, ClosestPoint )
 {
     const GeSphere3<T> sphere( { 1, 0, 0 }, 1 );
     const GePoint3<T> untouched( 7, 8, 9 );
-    struct Case
-    {
-        const char* what;
-        GePoint3<T> origin;
-        GeVector3<T> direction;
-        GePoint3<T> closest;
-    };
-    for ( const Case& c : std::vector<Case>{
+    using Case = std::tuple<const char*, GePoint3<T>, GeVector3<T>, GePoint3<T>>;
+    for ( const auto& [what, origin, direction, expected] : std::vector<Case>{
               { "passes by", { -5, 2, 0 }, { 1, 0, 0 }, { 1, 1, 0 } },
               { "goes through", { -5, T( 0.25 ), 0 }, { 1, 0, 0 }, { 1, 1, 0 } },
               { "below, along z", { 1, -3, -5 }, { 0, 0, 1 }, { 1, -1, 0 } },
@@ -113,8 +99,8 @@ ZQ_TWIN_TEST( Sphere3, ClosestPoint )
           } )
     {
         GePoint3<T> closest = untouched;
-        EXPECT_EQ( sphere.getClosestPoint( c.origin, c.direction, closest ), c.closest != untouched ) << c.what;
-        EXPECT_EQ( closest, c.closest ) << c.what;
+        EXPECT_EQ( sphere.getClosestPoint( origin, direction, closest ), expected != untouched ) << what;
+        EXPECT_EQ( closest, expected ) << what;
     }
     GePoint3<T> closest;
     EXPECT_TRUE( sphere.getClosestPoint( { ZqTest::nan<T>, 0, 0 }, { 1, 0, 0 }, closest ) );

@@ -11,12 +11,16 @@
 namespace ZqTest
 {
 
-/// Keeps every trace message for as long as it lives, instead of printing it.
+/// Keeps every trace message for as long as it lives, instead of printing it, and leaves the level switched off.
 class CollectingTraceManager final : public Zq::TraceManager
 {
 public:
-    CollectingTraceManager() : _previous( setInstance( this ) ) {}
-    ~CollectingTraceManager() { setInstance( _previous ); }
+    explicit CollectingTraceManager( const char* name ) : level( Zq::Trace::findLevel( name ) ) {}
+    ~CollectingTraceManager()
+    {
+        level->setEnabled( false );
+        setInstance( _previous );
+    }
     void output( const char* text ) override { _messages.emplace_back( text ); }
 
     /// The messages since the last call, one after the other, without "file:line: ". All must come from that file.
@@ -32,9 +36,11 @@ public:
         return text;
     }
 
+    Zq::TraceLevel* const level;
+
 private:
     std::vector<std::string> _messages;
-    Zq::TraceManager* _previous;
+    Zq::TraceManager* const _previous = setInstance( this );
 };
 
 } // namespace ZqTest
