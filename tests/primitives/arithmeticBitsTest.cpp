@@ -54,6 +54,38 @@ TYPED_TEST( ArithmeticBits, quaternionProduct )
     }
 }
 
+TYPED_TEST( ArithmeticBits, slerp )
+{
+    using T = TypeParam;
+    using Quaternion = GeQuaternion3<T>;
+    Random random( ZqTest::wideSeed() );
+    for ( int n = 0; n < REPEATS; ++n )
+    {
+        auto a = makeAny<Quaternion, T>( random ), b = makeAny<Quaternion, T>( random );
+        a.normalize();
+        b.normalize();
+        if ( random.index( 8 ) == 0 )
+            b = random.index( 2 ) == 0 ? a : -a;
+        const T t = random.uniform<T>( T( -1 ), T( 2 ) ), spin = T( random.index( 3 ) - 1 );
+        T cosine = a.dot( b ), scale0 = T( 1 ) - t, scale1 = t;
+        const bool flip = cosine < T( 0 );
+        if ( flip )
+            cosine = -cosine;
+        constexpr T threshold = static_cast<T>( 0.999999F );
+        if ( !( cosine < -threshold || cosine > threshold ) )
+        {
+            const T omega = std::acos( cosine );
+            const T phi =
+                static_cast<T>( static_cast<double>( spin ) * 3.141592653589793 + static_cast<double>( omega ) ) * t;
+            const T inverseSine = T( 1 ) / std::sin( omega );
+            scale0 = std::sin( omega - phi ) * inverseSine;
+            scale1 = std::sin( phi ) * inverseSine;
+        }
+        const Quaternion plain = a * scale0 + b * ( flip ? -scale1 : scale1 );
+        ASSERT_TRUE( isSame<T>( Quaternion::slerp( a, b, t, spin ), plain ) ) << a << b << t << ' ' << spin;
+    }
+}
+
 TYPED_TEST( ArithmeticBits, projectiveProduct )
 {
     using T = TypeParam;
