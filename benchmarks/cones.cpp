@@ -7,7 +7,6 @@
 #include <zq/primitives/geFloatingConeBuilder.h>
 
 #include <array>
-#include <memory>
 
 #ifdef ZQ_BENCHMARK_PEERS
 #    include <glm/glm.hpp>
@@ -134,6 +133,19 @@ std::vector<Patch> makePatches( std::size_t count )
 
 constexpr auto getPatches = getShared<Patch, makePatches>;
 
+/// One builder for all cones, so that its memory is asked for once.
+struct ConeMaker
+{
+    mutable Zq::GeFloatingConeBuilder builder{ NORMALS_PER_CONE };
+
+    Zq::GeFloatingCone operator()( const Patch& patch ) const
+    {
+        for ( const Unit& normal : patch.normals )
+            builder( normal );
+        return builder.createCone();
+    }
+};
+
 Zq::GeFloatingCone makeConePlain( const Patch& patch )
 {
     float lower[3];
@@ -173,14 +185,7 @@ void addOwnRows()
     addFloor( "coneBehindArray", COUNT, getCones );
     addFloor( "coneInFrontArray", COUNT, getCones );
 
-    const auto builder = std::make_shared<Zq::GeFloatingConeBuilder>( NORMALS_PER_CONE );
-    addSingles( { "coneFromNormals", "ours", SINGLE_COUNT }, getPatches,
-        [=]( const Patch& patch )
-        {
-            for ( const Unit& normal : patch.normals )
-                ( *builder )( normal );
-            return builder->createCone();
-        } );
+    addSingles( { "coneFromNormals", "ours", SINGLE_COUNT }, getPatches, ConeMaker() );
     addSingles( { "coneFromNormals", "plain", SINGLE_COUNT }, getPatches, makeConePlain );
 }
 

@@ -12,11 +12,6 @@ GeFloatingConeBuilder::GeFloatingConeBuilder( unsigned int capacity )
 
 GeFloatingConeBuilder::~GeFloatingConeBuilder() = default;
 
-void GeFloatingConeBuilder::operator()( const GeUnitVector3<float>& direction )
-{
-    _directions.push_back( direction );
-}
-
 void GeFloatingConeBuilder::reset()
 {
     _directions.clear();

@@ -45,4 +45,6 @@ private:
 
 } // namespace Zq
 
+#include "geFloatingConeBuilder.inline"
+
 #endif
