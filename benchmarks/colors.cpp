@@ -135,6 +135,10 @@ void addOwnRows()
         []( const Rgb& color ) { return Hsv::convertFromRgb( color ); } );
     addSingles(
         { "hsvToRgb", "ours", BRANCHY_COUNT }, getHsvs, []( const Hsv& color ) { return color.convertToRgb(); } );
+    addArray<Hsv>( { "rgbToHsvArray", "ours", COUNT }, getRgbs,
+        []( const Rgb* colors, std::size_t count, Hsv* results ) { Hsv::convertFromRgb( colors, count, results ); } );
+    addArray<Rgb>( { "hsvToRgbArray", "ours", COUNT }, getHsvs,
+        []( const Hsv* colors, std::size_t count, Rgb* results ) { Hsv::convertToRgb( colors, count, results ); } );
     addOneByOne( "rgbToHsv", "plain", makeConverted( getRgbs, makePlainRgb ), toHsvPlain );
     addOneByOne( "hsvToRgb", "plain", makeConverted( getHsvs, makePlainHsv ), toRgbPlain );
     addFloor( "rgbToHsvArray", COUNT, getRgbs );
