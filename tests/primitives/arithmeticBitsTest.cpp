@@ -1,6 +1,7 @@
 // Products and intersections against the plain rule, as bits.
 
 #include <zq/primitives/geAlignedBox.h>
+#include <zq/primitives/geLinearMatrix3.h>
 #include <zq/primitives/geProjectiveMatrix3.h>
 #include <zq/primitives/geQuaternion3.h>
 #include <zq/primitives/geSphere3.h>
@@ -86,25 +87,36 @@ TYPED_TEST( ArithmeticBits, slerp )
     }
 }
 
-TYPED_TEST( ArithmeticBits, projectiveProduct )
+template <class Matrix, int size, class T>
+void expectSameProduct( Random& random )
+{
+    const auto a = makeAny<Matrix, T>( random );
+    const auto b = makeAny<Matrix, T>( random );
+    Matrix plain;
+    for ( int r = 0; r < size; ++r )
+    {
+        for ( int c = 0; c < size; ++c )
+        {
+            T sum = a( r, 0 ) * b( 0, c );
+            for ( int k = 1; k < size; ++k )
+                sum += a( r, k ) * b( k, c );
+            plain( r, c ) = sum;
+        }
+    }
+    ASSERT_TRUE( isSame<T>( a * b, plain ) ) << a << b;
+    Matrix square = a;
+    square *= square;
+    ASSERT_TRUE( isSame<T>( square, a * Matrix( a ) ) ) << a;
+}
+
+TYPED_TEST( ArithmeticBits, matrixProducts )
 {
     using T = TypeParam;
     Random random( ZqTest::wideSeed() );
-    for ( int n = 0; n < REPEATS; ++n )
+    for ( int n = 0; n < REPEATS && !this->HasFatalFailure(); ++n )
     {
-        const auto a = makeAny<GeProjectiveMatrix3<T>, T>( random );
-        const auto b = makeAny<GeProjectiveMatrix3<T>, T>( random );
-        GeProjectiveMatrix3<T> plain;
-        for ( int r = 0; r < 4; ++r )
-        {
-            for ( int c = 0; c < 4; ++c )
-                plain( r, c ) =
-                    a( r, 0 ) * b( 0, c ) + a( r, 1 ) * b( 1, c ) + a( r, 2 ) * b( 2, c ) + a( r, 3 ) * b( 3, c );
-        }
-        ASSERT_TRUE( isSame<T>( a * b, plain ) ) << a << b;
-        GeProjectiveMatrix3<T> square = a;
-        square *= square;
-        ASSERT_TRUE( isSame<T>( square, a * GeProjectiveMatrix3<T>( a ) ) ) << a;
+        expectSameProduct<GeLinearMatrix3<T>, 3, T>( random );
+        expectSameProduct<GeProjectiveMatrix3<T>, 4, T>( random );
     }
 }
 
