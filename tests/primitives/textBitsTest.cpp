@@ -110,7 +110,7 @@ struct Circumstances
         mask = masks[random.index( 5 )];
         state = random.index( 2 ) * random.index( std::size( setters ) );
         isTied = random.index( 8 ) == 0;
-        chunk = static_cast<std::size_t>( 1 + random.index( 2 ) * random.index( 200 ) );
+        chunk = static_cast<std::size_t>( random.index( 2 ) == 0 ? 1 : random.index( 200 ) + 1 );
         limit = static_cast<std::size_t>( random.index( 4 ) == 0 ? random.index( 90 ) : 1000 );
         doesThrow = random.index( 2 ) == 0;
     }

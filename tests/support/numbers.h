@@ -12,7 +12,7 @@ namespace ZqTest
 template <class T, class Value>
 auto numbersOf( const Value& value )
 {
-    std::array<T, sizeof( Value ) / sizeof( T )> numbers{};
+    std::array<T, sizeof( Value ) / sizeof( T )> numbers{}; // NOLINT(bugprone-sizeof-expression): T alone is one
     static_assert( sizeof numbers == sizeof value );
     std::memcpy( numbers.data(), &value, sizeof value );
     return numbers;
