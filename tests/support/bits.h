@@ -10,7 +10,9 @@ namespace ZqTest
 /// --gtest_shuffle --gtest_repeat=1000, the wide run, each repetition has a seed of its own.
 inline unsigned wideSeed()
 {
-    return 1U + static_cast<unsigned>( ::testing::UnitTest::GetInstance()->random_seed() );
+    return ::testing::GTEST_FLAG( shuffle )
+        ? 2U + static_cast<unsigned>( ::testing::UnitTest::GetInstance()->random_seed() )
+        : 1U;
 }
 
 /// Every kind of number: small integers, which tie and cancel, ordinary ones, any magnitude, and the odd ones.
