@@ -51,17 +51,21 @@ int classifyPlainly( const Planes<T>& planes, const GeAlignedBox3<T>& box )
     return answer;
 }
 
-/// Planes like those of a camera in the middle of the boxes; at times their numbers are odd.
-template <class T>
-void makePlanes( Random& random, Planes<T>& planes )
+/// Planes like those of a camera in the middle of the boxes, at times with odd numbers; half of them meet a corner of one
+/// of the boxes just at the threshold, so that the order of each sum tells.
+template <class T, std::size_t n>
+void makePlanes( Random& random, const GeAlignedBox3<T> ( &boxes )[n], Planes<T>& planes )
 {
     for ( int i = 0; i < 6; ++i )
     {
-        const GeUnitVector3<T> n = random.direction<T>();
+        const GeUnitVector3<T> normal = random.direction<T>();
         const bool isOdd = random.index( 6 ) == 0;
         for ( int axis = 0; axis < 3; ++axis )
-            planes[axis][i] = isOdd ? anyNumber<T>( random ) : n[axis];
-        planes[3][i] = isOdd ? anyNumber<T>( random ) : random.uniform( T( 0 ), T( 2 ) );
+            planes[axis][i] = isOdd ? anyNumber<T>( random ) : normal[axis];
+        const GePoint3<T> corner = boxes[random.index( int( n ) )].getCorner( random.index( 8 ) );
+        planes[3][i] = random.index( 2 ) == 0 ? T( -0.0001F ) - GeVector3<T>( corner ).dot( normal )
+            : isOdd                           ? anyNumber<T>( random )
+                                              : random.uniform( T( 0 ), T( 2 ) );
     }
 }
 
@@ -76,30 +80,35 @@ ZQ_TWIN_TEST( ArrayForms, Frustum )
         std::array<int, 4> seen{};
         for ( int run = 0; run < 20; ++run )
         {
+            Box boxes[20];
+            std::generate_n( boxes, 20, [&] { return makeRecord<Box, T>( random ); } );
+            const auto makeBox = [&]( Random& )
+            { return random.index( 2 ) == 0 ? makeRecord<Box, T>( random ) : boxes[random.index( 20 )]; };
+            const auto makePoint = [&]( Random& ) { return makeBox( random ).getCorner( random.index( 8 ) ); };
             Planes<T> planes;
-            makePlanes( random, planes );
+            makePlanes( random, boxes, planes );
             GeFrustum<T> frustum( ( GeProjectiveMatrix3<T>() ) ); // with planes that no camera has
             static_assert( sizeof frustum == sizeof planes );
             std::memcpy( static_cast<void*>( &frustum ), planes, sizeof planes );
-            compareForm<T, Point, unsigned char>(
-                random, 1000, [&]( auto... items ) { kernels.classifyPoints( planes, items... ); },
+            compareForm<T, unsigned char>(
+                random, 1000, makePoint, [&]( auto... items ) { kernels.classifyPoints( planes, items... ); },
                 [&]( const Point& point )
                 {
                     const int verdict = classifyPlainly( planes, point );
                     EXPECT_EQ( frustum.classify( point ), verdict );
                     return verdict;
                 } );
-            const auto classifyAndFind = [&]( const Box* boxes, std::size_t count, unsigned char* verdicts )
+            const auto classifyAndFind = [&]( const Box* items, std::size_t count, unsigned char* verdicts )
             {
-                kernels.classifyBoxes( planes, boxes, count, verdicts );
+                kernels.classifyBoxes( planes, items, count, verdicts );
                 std::vector<std::uint32_t> indices( count ), expected;
-                indices.resize( kernels.findNotOutside( planes, boxes, count, indices.data() ) );
+                indices.resize( kernels.findNotOutside( planes, items, count, indices.data() ) );
                 for ( std::uint32_t i = 0; i < count; ++i )
                     if ( verdicts[i] != 1 )
                         expected.push_back( i );
                 EXPECT_EQ( indices, expected );
             };
-            const auto verdicts = compareForm<T, Box, unsigned char>( random, 1000, classifyAndFind,
+            const auto verdicts = compareForm<T, unsigned char>( random, 1000, makeBox, classifyAndFind,
                 [&]( const Box& box )
                 {
                     const int verdict = classifyPlainly( planes, box );
@@ -136,19 +145,19 @@ ZQ_TWIN_TEST( ArrayForms, Boxes )
                 { kernels.intersectLine( boxes, count, origin, direction, ranges ); },
                 [&]( const Box& other ) { return other.intersectLine( origin, direction ); } );
 
-            // points, in one of three runs hardly anything but zeros of both signs
+            // points, in one of three runs nothing but zeros of both signs
             for ( int i = 0; i < 8; ++i )
             {
                 const std::size_t count = static_cast<std::size_t>( random.index( 70 ) );
                 const std::unique_ptr<Point[]> points( new Point[count] );
-                Box expected = run % 5 == 0 ? Box() : box;
+                Box expected = run % 3 == 0 ? Box() : box;
                 T bounds[6];
                 std::memcpy( bounds, &expected, sizeof bounds );
                 for ( Point* p = points.get(); p != points.get() + count; ++p )
                 {
                     *p = makeRecord<Point, T>( random );
-                    if ( run % 3 == 0 && p->getX() > -1 )
-                        *p = Point( -T( 0 ), T( random.index( 2 ) ) * -T( 0 ), T( 0 ) );
+                    if ( run % 3 == 0 )
+                        *p = Point( std::copysign( T( 0 ), p->getX() ), std::copysign( T( 0 ), p->getY() ), T( 0 ) );
                     expected.extend( *p );
                 }
                 kernels.extend( bounds, points.get(), count );
@@ -232,21 +241,23 @@ TEST( ArrayFormsSingle, Shaft )
     using Box = GeAlignedBox3<float>;
     const auto check = []( const Detail::GeSingleKernels& kernels, Random& random )
     {
-        // corners on a lattice: faces agree, planes are met exactly; some boxes are around everything
+        // some boxes are around everything; single points are not widened, so that planes are met exactly
         const auto makeBox = [&]( Random& )
         {
-            const auto coordinate = [&] { return float( random.index( 9 ) - 4 ) / 2.0F; };
-            const GePoint3<float> p( coordinate(), coordinate(), coordinate() );
-            const Box lattice( p, GePoint3<float>( coordinate(), coordinate(), coordinate() ) );
             const Box around( GePoint3<float>( -3, -3, -3 ), GePoint3<float>( 3, 3, 3 ) );
-            return random.index( 3 ) != 0 ? makeRecord<Box, float>( random )
-                : random.index( 5 ) == 0  ? around
-                                          : lattice;
+            return random.index( 15 ) == 0 ? around : makeRecord<Box, float>( random );
+        };
+        const auto makePoint = [&]
+        {
+            const auto coordinate = [&] { return float( random.index( 5 ) - 2 ); };
+            const float x = coordinate(), y = coordinate();
+            return Box( GePoint3<float>( x, y, coordinate() ) );
         };
         std::array<int, 4> seen{};
         for ( int run = 0; run < 50; ++run )
         {
-            const GeShaft shaft = run == 0 ? GeShaft() : GeShaft( makeBox( random ), makeBox( random ) );
+            const Box first = run % 2 ? makePoint() : makeBox( random );
+            const GeShaft shaft = run == 0 ? GeShaft() : GeShaft( first, run % 2 ? makePoint() : makeBox( random ) );
             const auto verdicts = compareForm<float, unsigned char>(
                 random, 400, makeBox, [&]( auto... items ) { kernels.overlaps( shaft, items... ); },
                 [&]( const Box& box ) { return shaft.overlaps( box ); } );

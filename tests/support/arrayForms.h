@@ -14,20 +14,24 @@ namespace ZqTest
 // element. The wide run is that of bits.h. The arrays are as long as their count on the heap, so that the sanitizers see
 // every byte that is touched too much.
 
-/// One in four records consists of odd numbers, many of them equal or at a threshold; the others are ordinary, boxes
-/// mostly not inverted, so that all verdicts come up.
+/// One in four records consists of odd numbers, at thresholds and without end, one in four of a lattice, where much is
+/// equal; the others are ordinary. Boxes are mostly not inverted, so that all verdicts come up.
 template <class Record, class T>
 Record makeRecord( Random& random )
 {
     constexpr std::size_t n = sizeof( Record ) / sizeof( T );
-    const T limits[] = { T( 0.5 ), T( -0.0001F ), T( 1 ) - T( 0.0001F ), std::nextafter( T( -0.0001F ), T( 0 ) ) };
+    const T limits[] = { T( -0.0001F ), T( 1 ) - T( 0.0001F ), std::nextafter( T( -0.0001F ), T( 0 ) ), infinity<T>,
+        -infinity<T>, nan<T>, -T( 0 ) };
     T numbers[n];
-    const bool isOdd = random.index( 4 ) == 0;
+    const int kind = random.index( 4 );
     for ( T& number : numbers )
-        number = !isOdd              ? random.uniform( T( -2 ), T( 2 ) )
-            : random.index( 4 ) == 0 ? limits[random.index( 4 )]
-                                     : anyNumber<T>( random );
-    if ( !isOdd && n == 6 && random.index( 8 ) != 0 )
+    {
+        if ( kind == 0 )
+            number = random.index( 3 ) == 0 ? limits[random.index( 7 )] : anyNumber<T>( random );
+        else
+            number = kind == 1 ? T( random.index( 9 ) - 4 ) / T( 2 ) : random.uniform( T( -2 ), T( 2 ) );
+    }
+    if ( kind != 0 && n == 6 && random.index( 8 ) != 0 )
         for ( std::size_t i = 0; i < n; i += 2 )
             numbers[i + 1] = numbers[i] + std::abs( numbers[i + 1] ) * T( 0.5 );
     Record record;
