@@ -88,8 +88,8 @@ private:
     }
     static Vector abs( Vector v ) { return select( reinterpret_cast<Mask>( Lanes::spread( -T( 0 ) ) ), Vector{}, v ); }
     /// a where both are equal or one is NaN: a comparison that the processor has in one instruction.
-    static Vector max( Vector a, Vector b ) { return b > a ? b : a; }
-    static Vector min( Vector a, Vector b ) { return b < a ? b : a; }
+    static Vector larger( Vector a, Vector b ) { return b > a ? b : a; }
+    static Vector smaller( Vector a, Vector b ) { return b < a ? b : a; }
     static Row makeUnit( int lane ) { return Lanes::makeRow( lane == 0, lane == 1, lane == 2, lane == 3 ); }
 
     template <int step>
@@ -118,9 +118,9 @@ inline bool VectorLuDecomposition<T, rows>::decompose( const Matrix& m )
     {
         const Row column = Lanes::makeRow( m( 0, j ), m( 1, j ), m( 2, j ), size > 3 ? m( size - 1, j ) : T( 1 ) );
         for ( int n = 0; n < nbParts; ++n )
-            largest.parts[n] = max( largest.parts[n], abs( column.parts[n] ) );
+            largest.parts[n] = larger( largest.parts[n], abs( column.parts[n] ) );
     }
-    _least = min( largest.parts[0], largest.parts[nbParts - 1] );
+    _least = smaller( largest.parts[0], largest.parts[nbParts - 1] );
     for ( int n = 0; n < nbParts; ++n )
         _scales.parts[n] = T( 1 ) / largest.parts[n];
     for ( int i = 0; i < size; ++i )
@@ -132,7 +132,7 @@ inline bool VectorLuDecomposition<T, rows>::decompose( const Matrix& m )
     if constexpr ( size > 3 )
         eliminate<1>();
     eliminate<size - 2>();
-    _least = min( _least, abs( spread<size - 1>( _rows[size - 1] ) ) );
+    _least = smaller( _least, abs( spread<size - 1>( _rows[size - 1] ) ) );
 
     constexpr T zero = sizeof( T ) == sizeof( float ) ? static_cast<T>( FloatUtil::defaultFloatTolerance )
                                                       : static_cast<T>( FloatUtil::defaultDoubleTolerance );
@@ -191,13 +191,13 @@ inline void VectorLuDecomposition<T, rows>::eliminate()
 
     Row pivot = _rows[step];
     Vector reciprocal = inverse[step];
-    Vector heaviest = max( Vector{}, weight[step] );
+    Vector heaviest = larger( Vector{}, weight[step] );
     Mask wins[rows];
     int p = step;
     for ( int i = step + 1; i < size; ++i )
     {
         wins[i] = weight[i] >= heaviest;
-        heaviest = max( heaviest, weight[i] );
+        heaviest = larger( heaviest, weight[i] );
         for ( int n = 0; n < nbParts; ++n )
             pivot.parts[n] = select( wins[i], _rows[i].parts[n], pivot.parts[n] );
         reciprocal = select( wins[i], inverse[i], reciprocal );
@@ -215,7 +215,7 @@ inline void VectorLuDecomposition<T, rows>::eliminate()
     const unsigned change = ( _order >> ( 8 * step ) ^ _order >> ( 8 * p ) ) & 255U;
     _order ^= change << ( 8 * step ) ^ change << ( 8 * p );
     _isOdd ^= p != step;
-    _least = min( _least, abs( spread<step>( pivot ) ) );
+    _least = smaller( _least, abs( spread<step>( pivot ) ) );
 
     // the column of this step becomes one of the right-hand side, where the pivot has 1 and the rows below 0
     const Row unit = makeUnit( step );
