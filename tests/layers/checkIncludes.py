@@ -1,0 +1,69 @@
+"""Reads every include of the project and holds it against the table of groups in docs/architecture.md.
+
+    checkIncludes.py SOURCE_DIR
+"""
+
+import os
+import pathlib
+import re
+import sys
+
+ROOT = pathlib.Path(sys.argv[1])
+failures = []
+
+
+def read_groups():
+    """A row of the table is | group | files without extension, or a folder and / | groups right below |."""
+    owner, reachable = {}, {}
+    page = (ROOT / "docs/architecture.md").read_text()
+    for name, files, uses in re.findall(r"^\| ([\w ]+) \| (`.*?`) \| (.*?) \|$", page, re.M):
+        below = [use for use in uses.split(", ") if use]
+        reachable[name] = {name}.union(*(reachable[use] for use in below))  # a group not above: KeyError
+        owner.update((file, name) for file in re.findall(r"`(.*?)`", files))
+    return owner, reachable
+
+
+def read_includes(folder):
+    """Yields the file and what stands between the quotes or brackets, with them."""
+    for file in sorted((ROOT / folder).rglob("*")):
+        if file.suffix in (".h", ".inline", ".imp", ".cpp"):
+            for given in re.findall(r'^\s*#\s*include\s*("[^"]+"|<[^>]+>)', file.read_text(), re.M):
+                yield file.relative_to(ROOT), given
+
+
+def check(holds, file, given, text):
+    if not holds:
+        failures.append(f"{file} includes {given}: {text}")
+
+
+def check_library(file, given):
+    if given[0] == "<":
+        check(not re.match("<(zq|base|resmgt|color|primitives)/", given), file, given, "use a relative path")
+        check(given != "<iostream>", file, given, "it builds objects at load")
+        return
+    target = pathlib.Path(os.path.normpath(file.parent / given.strip('"')))
+    check((ROOT / target).is_file(), file, given, "there is no such file")
+    check(file.suffix not in (".inline", ".imp") or target != file.with_suffix(".h"), file, given,
+          "a fragment is included, it does not include its header")
+    upper, lower = (owner.get(path.parts[1] + "/", owner.get(path.stem)) for path in (file, target))
+    if file != pathlib.Path("src/primitives/packages.cpp"):  # which knows all
+        check(upper and lower, file, given, "both need a place in the table")
+        check(lower in reachable.get(upper, ()), file, given, f"{lower} is not below {upper}")
+        check(target.parts[1] == file.parts[1] or lower == "base", file, given, "folders meet in base alone")
+
+
+def check_client(file, given):
+    check(not re.match(r'".*\b(src|base|resmgt|color|primitives)/.*\.(h|imp|inline|cpp)"', given), file, given,
+          "public headers are included as <zq/...>")
+    check(not re.match(r"<zq/(?!.*\.h>)|<zq/(base/(registry|laneTargets)|primitives/traceLevels)", given), file, given,
+          "it is internal")
+
+
+owner, reachable = read_groups()
+for file, given in read_includes("src"):
+    check_library(file, given)
+for folder in ("tests", "examples", "benchmarks"):
+    for file, given in read_includes(folder):
+        check_client(file, given)
+print("\n".join(failures))
+sys.exit(bool(failures) or len(owner) < 40)
