@@ -45,29 +45,18 @@ void expectProducts( const Factor& factor, const Operands&... operands )
 {
     const auto expectBoth = [&]( const auto& m )
     {
-        EXPECT_EQ( expand( factor * m ), multiply( expand( factor ), expand( m ) ) );
+        const auto product = factor * m;
+        EXPECT_EQ( expand( product ), multiply( expand( factor ), expand( m ) ) );
         if constexpr ( alsoOnRight )
-            EXPECT_EQ( expand( factor.mulOnRight( m ) ), multiply( expand( m ), expand( factor ) ) );
-        else
         {
-            Factor product = factor;
-            EXPECT_EQ( &( product *= m ), &product );
-            EXPECT_EQ( product, factor * m );
+            EXPECT_EQ( expand( factor.mulOnRight( m ) ), multiply( expand( m ), expand( factor ) ) );
+        }
+        else if constexpr ( std::is_same_v<decltype( product ), const Factor> )
+        {
+            EXPECT_EQ( Factor( factor ) *= m, product );
         }
     };
     ( expectBoth( operands ), ... );
-}
-
-template <class Factor, class... Matrices>
-void expectAssignments( const Factor& factor, Matrices... matrices )
-{
-    const auto expectAssignment = [&]( auto& m )
-    {
-        const auto expected = factor.mulOnRight( m );
-        EXPECT_EQ( &factor.mulOnRightAssign( m ), &m );
-        EXPECT_EQ( m, expected );
-    };
-    ( expectAssignment( matrices ), ... );
 }
 
 ZQ_TWIN_SUITE( Products );
@@ -85,36 +74,34 @@ ZQ_TWIN_TEST( Products, AreThoseOfTheFullMatrices )
         const auto a = randomIntegers<Affine>( random, 20 ), b = randomIntegers<Affine>( random, 20 );
         const auto p = randomIntegers<Projective>( random, 20 ), q = randomIntegers<Projective>( random, 20 );
         const GeVector3<T> v = b.getColumn( 1 );
+        const GePoint3<T> point( v );
         const GeScale3<T> s( v );
         const GeTranslation3<T> t( b.getTranslation() );
-        const Rotation r( k ); // of any matrix
-        expectProducts<false>( l, k );
-        expectProducts<false>( a, l, b );
+        const Rotation r( k ), other( l ); // of any matrix
+        expectProducts<false>( l, k, r );
+        expectProducts<false>( a, l, b, r );
         expectProducts<false>( p, a, q );
-        expectProducts<false>( r, Rotation( l ) );
+        expectProducts<false>( r, l, a, other );
         expectProducts( s, l, a, p );
         expectProducts( t, l, a, p );
-        expectAssignments( s, l, a, p );
-        expectAssignments( t, a, p );
+        EXPECT_EQ( expand( a.mulOnRight( l ) ), multiply( expand( l ), expand( a ) ) );
         const auto expectRotation = [&]( const auto& rotation )
         {
             expectProducts( rotation, s, t, l, r, a );
-            EXPECT_EQ( rotation * v, rotation.getMatrix() * v );
-            EXPECT_EQ( rotation * GePoint3<T>( v ), GePoint3<T>( rotation * v ) );
-            EXPECT_EQ( rotation.computeInverse().getMatrix(), rotation.getMatrix().computeTranspose() );
             static_assert( std::is_same_v<decltype( rotation * r ), Rotation> );
+            const Linear m = rotation.getMatrix();
+            EXPECT_TRUE( rotation * v == m * v && rotation * point == m * point );
+            EXPECT_EQ( rotation.computeInverse().getMatrix(), m.computeTranspose() );
         };
         expectRotation( GeAxisRotation3<0, T>( 3, T( i ) ) );
         expectRotation( GeAxisRotation3<1, T>( 3, T( i ) ) );
         expectRotation( GeAxisRotation3<2, T>( 3, T( i ) ) );
-        EXPECT_EQ( expand( a.mulOnRight( l ) ), multiply( expand( l ), expand( a ) ) );
-        Affine square = a;
-        EXPECT_EQ( square *= square, a * a );
-        // a product of rotations is a rotation, any other is a matrix
-        EXPECT_TRUE( Linear( r * l ) == k * l && Linear( l * r ) == l * k );
-        EXPECT_TRUE( Affine( r * a ) == Affine( k ) * a && Affine( a * r ) == a * k );
-        EXPECT_TRUE( r * v == k * v && r * GePoint3<T>( v ) == GePoint3<T>( k * v ) );
-        EXPECT_EQ( r.computeInverse().getMatrix(), k.computeTranspose() );
+        EXPECT_TRUE( r * v == k * v && r * point == k * point && Linear( r.computeInverse() ) == k.computeTranspose() );
+
+        Affine product = a;
+        EXPECT_EQ(
+            &t.mulOnRightAssign( s.mulOnRightAssign( product ) ), &product ); // the others are part of mulOnRight
+        EXPECT_EQ( product, t.mulOnRight( s.mulOnRight( a ) ) );
 
         // a vector is a column on the right and a row on the left; a point has a fourth coordinate of 1
         const GeHomogeneousCoord3<T> h( v.getX(), v.getY(), v.getZ(), 5 ), direction( v.getX(), v.getY(), v.getZ(), 0 );
@@ -125,7 +112,7 @@ ZQ_TWIN_TEST( Products, AreThoseOfTheFullMatrices )
         EXPECT_TRUE( a * v == ( a * b ).getColumn( 1 ) && a.mulOnRight( v ) == a.getLinear().mulOnRight( v ) );
         EXPECT_EQ( a * GePoint3<T>( b.getTranslation() ), GePoint3<T>( ( a * b ).getTranslation() ) );
         EXPECT_TRUE( l * v == Affine( l ) * v && l.mulOnRight( v ) == l.computeTranspose() * v );
-        EXPECT_EQ( l * GePoint3<T>( v ), GePoint3<T>( l * v ) );
+        EXPECT_EQ( l * point, GePoint3<T>( l * v ) );
     }
     static_assert( std::is_convertible_v<Rotation, Linear> && !std::is_convertible_v<Linear, Rotation> );
 }
@@ -136,43 +123,27 @@ ZQ_TWIN_TEST( Products, AxisRotationsAreThoseOfTheirAngle )
     {
         const auto isRotation = [&]( const auto& rotation, const GeVector3<T>& axis )
         { return rotation.getMatrix().isEqual( GeRotation3<T>::makeRotation( axis, angle ), 4 * epsilon<T> ); };
-        const GeXAxisRotation3<T> x( angle );
-        EXPECT_TRUE( isRotation( x, { 1, 0, 0 } ) );
+        EXPECT_TRUE( isRotation( GeXAxisRotation3<T>( angle ), { 1, 0, 0 } ) );
         EXPECT_TRUE( isRotation( GeYAxisRotation3<T>( angle ), { 0, 1, 0 } ) );
         EXPECT_TRUE( isRotation( GeZAxisRotation3<T>( angle ), { 0, 0, 1 } ) );
-        EXPECT_EQ( GeXAxisRotation3<T>( x.computeInverse() ).getSine(), -x.getSine() );
     }
 }
 
-// No infinity meets a known zero, which would make NaN, and no known zero is added to a negative one.
-ZQ_TWIN_TEST( Products, WhatDoesNotChangeIsCopiedAndWhatIsFixedIsWritten )
+// No infinity meets a known zero, which would make NaN.
+ZQ_TWIN_TEST( Products, WhatIsKnownTakesNoPart )
 {
-    const T infinity = ZqTest::infinity<T>, zero = T( -0.0 );
+    const T infinity = ZqTest::infinity<T>;
     const GeVector3<T> infinite( infinity, infinity, infinity );
-    const GeScale3<T> s( infinite ), twice( 2, 2, 2 );
-    const GeTranslation3<T> t( infinite ), step( 1, 1, 1 );
-    const GeLinearMatrix3<T> l( 1, 2, 3, 4, 5, 6, 7, 8, 9 ), zeros( zero, 0, 0, 0, zero, 0, 0, 0, zero );
-    const GeAffineMatrix3<T> a( l, GeVector3<T>( zero, 1, 2 ) );
-    for ( const GeAffineMatrix3<T>& m : { s * a, s.mulOnRight( a ), t * a, t.mulOnRight( a ), t * l } )
+    const GeLinearMatrix3<T> turn( 0, -1, 0, 1, 0, 0, 0, 0, 1 );
+    const GeAffineMatrix3<T> a( turn, GeVector3<T>( 0, 1, 2 ) ), far( turn, infinite );
+    const GeScale3<T> s( infinite );
+    const GeTranslation3<T> t( infinite );
+    for ( const GeAffineMatrix3<T>& m : { s * a, s.mulOnRight( a ), t * a, t.mulOnRight( a ), t * turn } )
         EXPECT_TRUE( m( 3, 0 ) == 0 && m( 3, 1 ) == 0 && m( 3, 2 ) == 0 && m( 3, 3 ) == 1 );
-    EXPECT_TRUE( ( t * a ).getLinear() == l && t.mulOnRight( a ).getLinear() == l );
-    GeProjectiveMatrix3<T> p( a );
-    p( 3, 0 ) = p( 3, 1 ) = p( 3, 2 ) = p( 3, 3 ) = zero;
-    for ( int c = 0; c < 4; ++c )
-        EXPECT_TRUE( std::signbit( ( twice * p )( 3, c ) ) && std::signbit( ( step * p )( 3, c ) ) );
-    EXPECT_TRUE( std::signbit( s.mulOnRight( a )( 0, 3 ) ) && std::signbit( s.mulOnRight( p )( 0, 3 ) ) );
-    EXPECT_EQ( s.mulOnRight( p )( 2, 3 ), T( 2 ) );
-    EXPECT_TRUE( std::signbit( ( t * zeros )( 1, 1 ) ) && std::signbit( t.mulOnRight( zeros )( 2, 2 ) ) );
-    // an infinite translation stays in its place: the bottom row takes no part
-    const GeLinearMatrix3<T> quarterTurn( 0, -1, 0, 1, 0, 0, 0, 0, 1 );
-    const GeAffineMatrix3<T> far( GeLinearMatrix3<T>(), infinite );
-    EXPECT_EQ( far * quarterTurn, ( GeAffineMatrix3<T>( quarterTurn, infinite ) ) );
-    EXPECT_EQ( far * GeAffineMatrix3<T>( quarterTurn ), far * quarterTurn );
-    // the axis stays
-    const GeAxisRotation3<1, T> turn( T( 0.6 ), T( 0.8 ) );
-    EXPECT_EQ( ( turn * GeVector3<T>( 0, infinity, 0 ) ), ( GeVector3<T>( 0, infinity, 0 ) ) );
-    const auto turned = turn * GeLinearMatrix3<T>( 0, 0, 1, infinity, zero, 2, 0, 0, 3 );
-    EXPECT_TRUE( turned( 1, 0 ) == infinity && std::signbit( turned( 1, 1 ) ) && turned( 0, 0 ) == 0 );
+    EXPECT_TRUE( t * a == far && t * turn == far && t.mulOnRight( a ).getLinear() == turn );
+    EXPECT_EQ( s.mulOnRight( a ).getTranslation(), GeVector3<T>( 0, 1, 2 ) );
+    EXPECT_TRUE( far * turn == GeAffineMatrix3<T>( turn * turn, infinite ) && far * a == far * turn );
+    EXPECT_EQ( ( GeYAxisRotation3<T>( T( 0.6 ), T( 0.8 ) ) * GeVector3<T>( 0, infinity, 0 ) )[1], infinity );
 }
 
 } // namespace

@@ -18,18 +18,6 @@ namespace
 
 ZQ_TWIN_SUITE( ValueClasses );
 
-template <class Value>
-auto isSameExactly( const Value& a, const Value& b, int ) -> decltype( a.isEqualExact( b ) )
-{
-    return a.isEqualExact( b );
-}
-
-template <class Value>
-bool isSameExactly( const Value& a, const Value& b, long ) // colours have the operator alone
-{
-    return a == b;
-}
-
 template <class T, class Value>
 bool isSame( const Value& a, const Value& b, T tolerance )
 {
@@ -42,33 +30,29 @@ bool isSame( const GeSphere3<T>& a, const GeSphere3<T>& b, T tolerance )
     return a.isEqual( b, tolerance, tolerance );
 }
 
-/// Moves each number of a value by itself. Every comparison must see it, strictly within the tolerance, and a NaN
+/// Moves each number of each value by itself. Every comparison must see it, strictly within the tolerance, and a NaN
 /// equals nothing. The numbers are small integers, so that the moves are exact; some may be fixed and never looked at.
-template <class T, class Value>
-void expectComparisonSeesEveryNumber( const Value& start, std::size_t fixedEvery = 1000 )
-{
-    const auto numbers = ZqTest::numbersOf<T>( start );
-    for ( std::size_t i = 0; i < numbers.size(); ++i )
-        for ( const T amount : { T( 0 ), T( 0.25 ), T( -0.25 ), T( 0.5 ), ZqTest::nan<T> } )
-        {
-            auto changed = numbers;
-            changed[i] += ( i + 1 ) % fixedEvery == 0 ? T( 0 ) : amount;
-            const bool isUnmoved = changed == numbers, isNear = isUnmoved || amount < T( 0.5 );
-            Value moved = start;
-            std::memcpy( static_cast<void*>( &moved ), changed.data(), sizeof moved );
-            EXPECT_TRUE( ( moved == start ) == isUnmoved && ( moved != start ) == !isUnmoved ) << i << ' ' << amount;
-            EXPECT_EQ( isSameExactly( moved, start, 0 ), isUnmoved ) << i << ' ' << amount;
-            EXPECT_TRUE( isSame( moved, start, T( 0.5 ) ) == isNear && isSame( start, moved, T( 0.5 ) ) == isNear )
-                << i << ' ' << amount;
-            EXPECT_TRUE( ( moved == moved ) == ( changed == changed ) && ( moved != moved ) == ( changed != changed ) );
-        }
-    EXPECT_FALSE( isSame( start, start, T( 0 ) ) );
-}
-
-template <class T, class... Values>
+template <class T, std::size_t fixedEvery = 1000, class... Values>
 void expectComparisonsSeeEveryNumber( const Values&... values )
 {
-    ( expectComparisonSeesEveryNumber<T>( values ), ... );
+    const auto expectAll = []( const auto& start )
+    {
+        const auto numbers = ZqTest::numbersOf<T>( start );
+        for ( std::size_t i = 0; i < numbers.size(); ++i )
+            for ( const T amount : { T( 0 ), T( 0.25 ), T( -0.25 ), T( 0.5 ), ZqTest::nan<T> } )
+            {
+                auto changed = numbers;
+                changed[i] += ( i + 1 ) % fixedEvery == 0 ? T( 0 ) : amount;
+                const bool isUnmoved = changed == numbers, isNear = isUnmoved || amount < T( 0.5 );
+                auto moved = start;
+                std::memcpy( static_cast<void*>( &moved ), changed.data(), sizeof moved );
+                EXPECT_TRUE( ( moved == start ) == isUnmoved && ( moved != start ) == !isUnmoved ) << i << amount;
+                EXPECT_TRUE( isSame( moved, start, T( 0.5 ) ) == isNear && isSame( start, moved, T( 0.5 ) ) == isNear );
+                EXPECT_TRUE( ( moved == moved ) == ( changed == changed ) );
+            }
+        EXPECT_FALSE( isSame( start, start, T( 0 ) ) );
+    };
+    ( expectAll( values ), ... );
 }
 
 ZQ_TWIN_TEST( ValueClasses, ComparisonLooksAtEveryNumber )
@@ -84,58 +68,43 @@ ZQ_TWIN_TEST( ValueClasses, ComparisonLooksAtEveryNumber )
         GePlane3<T>( 1, 2, 3, 4 ), GeNormalizedPlane3<T>( 0, 1, 0, 4 ), GeSphere3<T>( Point( v ), 4 ), frustum );
     expectComparisonsSeeEveryNumber<T>(
         CoRgbColorT<T>( 1, 2, 3 ), CoHsvColorT<T>( 1, 2, 3 ), CoSpectrumT<T>( 1, 2, 3 ) );
-    expectComparisonSeesEveryNumber<T>( GeAffineMatrix3<T>(), 4 ); // the bottom row
+    expectComparisonsSeeEveryNumber<T, 4>( GeAffineMatrix3<T>() ); // the bottom row
     EXPECT_TRUE( isEqual( frustum, frustum, T( 1 ) ) && !isEqual( frustum, frustum, T( 0 ) ) );
     EXPECT_EQ( GeVector3<T>( 0, 1, 0 ), GeVector3<T>( T( -0.0 ), 1, 0 ) );
 }
 
-/// Marks every flush by a '~'.
-class FlushMarkingBuffer : public std::stringbuf
-{
-    int sync() override { return sputc( '~' ) == '~' ? 0 : -1; }
-};
-
-template <class Value>
-std::string textOf( const Value& value )
-{
-    FlushMarkingBuffer buffer;
-    std::ostream os( &buffer );
-    os << std::fixed << std::setprecision( 1 ) << value << "";
-    return buffer.str();
-}
-
+// Vector, plane, quaternion, linear matrix, RGB colour, and flushing: textBitsTest.cpp.
 ZQ_TWIN_TEST( ValueClasses, TextFollowsTheStream )
 {
+    const auto textOf = []( const auto& value )
+    {
+        std::ostringstream os;
+        os << std::fixed << std::setprecision( 1 ) << value;
+        return os.str();
+    };
     const double rows[4][4] = { { 1, 2, 3, 4 }, { 5, 6, 7, 8 }, { 9, 10, 11, 0.5 }, { 0, 0, -1, 0 } };
-    EXPECT_EQ( textOf( GeVector3<T>( 1, T( 2.5 ), -3 ) ), "(1.0, 2.5, -3.0)" );
     EXPECT_EQ( textOf( GePoint3<T>( 0, 1, 2 ) ), "(0.0, 1.0, 2.0)" );
     EXPECT_EQ( textOf( GeVector2<T>( 1, T( 2.5 ) ) ), "(1.0, 2.5)" );
     EXPECT_EQ( textOf( GePoint2<int>( 3, -4 ) ), "(3, -4)" );
     EXPECT_EQ( textOf( GeUnitVector2<T>( 0, -7 ) ), "(0.0, -1.0)" );
-    EXPECT_EQ( textOf( GeQuaternion3<T>( 1, T( 2.5 ), -3, 0 ) ), "[(1.0, 2.5, -3.0), 0.0]" );
     EXPECT_EQ( textOf( GeScale3<T>( 2, 1, T( 0.5 ) ) ), "Scale3(2.0, 1.0, 0.5)" );
     EXPECT_EQ( textOf( GeTranslation3<T>( -1, 0, T( 2.5 ) ) ), "Translation3(-1.0, 0.0, 2.5)" );
     EXPECT_EQ( textOf( GeSphere3<T>( GePoint3<T>( 1, 2, 3 ), 4 ) ), "GeSphere {(1.0, 2.0, 3.0), 4.0} " );
-    EXPECT_EQ( textOf( CoRgbColorT<T>( T( 0.5 ), 1, -3 ) ), "0.5 1.0 -3.0" );
     EXPECT_EQ( textOf( CoHsvColorT<T>( 120, T( 0.5 ), 1 ) ), "120.0 0.5 1.0" );
     EXPECT_EQ( textOf( CoSpectrumT<T>( 1, T( 2.5 ), -3 ) ), "1.0 2.5 -3.0" );
     EXPECT_EQ( textOf( GeUnitVector3<T>( 0, 2, 0 ) ), "(0.0, 1.0, 0.0)" );
     EXPECT_EQ( textOf( GeHomogeneousCoord3<T>( 1, 2, 3, T( 0.5 ) ) ), "(1.0, 2.0, 3.0, 0.5)" );
-    // a flushed line for each row
-    EXPECT_EQ( textOf( GeLinearMatrix3<T>( 1, T( 2.5 ), -3, 0, 1, 0, 0, 0, 1 ) ),
-        "| 1.0 2.5 -3.0 |\n~| 0.0 1.0 0.0 |\n~| 0.0 0.0 1.0 |\n~" );
     EXPECT_EQ( textOf( GeRotation3<T>( GeLinearMatrix3<T>( 0, -1, 0, 1, 0, 0, 0, 0, 1 ) ) ),
-        "| 0.0 -1.0 0.0 |\n~| 1.0 0.0 0.0 |\n~| 0.0 0.0 1.0 |\n~" );
+        "| 0.0 -1.0 0.0 |\n| 1.0 0.0 0.0 |\n| 0.0 0.0 1.0 |\n" );
     const T half = T( 0.5 );
-    EXPECT_EQ( textOf( GeXAxisRotation3<T>( half, 2 ) ), "| 1.0 0.0 0.0 |\n~| 0.0 0.5 -2.0 |\n~| 0.0 2.0 0.5 |\n~" );
-    EXPECT_EQ( textOf( GeYAxisRotation3<T>( half, 2 ) ), "| 0.5 0.0 2.0 |\n~| 0.0 1.0 0.0 |\n~| -2.0 0.0 0.5 |\n~" );
-    EXPECT_EQ( textOf( GeZAxisRotation3<T>( half, 2 ) ), "| 0.5 -2.0 0.0 |\n~| 2.0 0.5 0.0 |\n~| 0.0 0.0 1.0 |\n~" );
-    const std::string upperRows = "| 1.0 2.0 3.0 4.0 |\n~| 5.0 6.0 7.0 8.0 |\n~| 9.0 10.0 11.0 0.5 |\n~";
-    EXPECT_EQ( textOf( GeAffineMatrix3<T>( rows, false ) ), upperRows + "| 0.0 0.0 0.0 1.0 |\n~" );
-    EXPECT_EQ( textOf( GeProjectiveMatrix3<T>( rows, false ) ), upperRows + "| 0.0 0.0 -1.0 0.0 |\n~" );
+    EXPECT_EQ( textOf( GeXAxisRotation3<T>( half, 2 ) ), "| 1.0 0.0 0.0 |\n| 0.0 0.5 -2.0 |\n| 0.0 2.0 0.5 |\n" );
+    EXPECT_EQ( textOf( GeYAxisRotation3<T>( half, 2 ) ), "| 0.5 0.0 2.0 |\n| 0.0 1.0 0.0 |\n| -2.0 0.0 0.5 |\n" );
+    EXPECT_EQ( textOf( GeZAxisRotation3<T>( half, 2 ) ), "| 0.5 -2.0 0.0 |\n| 2.0 0.5 0.0 |\n| 0.0 0.0 1.0 |\n" );
+    const std::string upperRows = "| 1.0 2.0 3.0 4.0 |\n| 5.0 6.0 7.0 8.0 |\n| 9.0 10.0 11.0 0.5 |\n";
+    EXPECT_EQ( textOf( GeAffineMatrix3<T>( rows, false ) ), upperRows + "| 0.0 0.0 0.0 1.0 |\n" );
+    EXPECT_EQ( textOf( GeProjectiveMatrix3<T>( rows, false ) ), upperRows + "| 0.0 0.0 -1.0 0.0 |\n" );
     EXPECT_EQ( textOf( GeAlignedBox3<T>( GePoint3<T>( 0, T( -1.5 ), 2 ), GePoint3<T>( 1, 1, 3 ) ) ),
         "( X=[ 0.0, 1.0 ], Y=[ -1.5, 1.0 ], Z=[ 2.0, 3.0 ] )" );
-    EXPECT_EQ( textOf( GePlane3<T>( 2, 0, T( -0.5 ), 3 ) ), "[2.0, 0.0, -0.5, 3.0]" );
     EXPECT_EQ( textOf( GeNormalizedPlane3<T>( 2, 0, 0, -2 ) ), "[1.0, 0.0, 0.0, -1.0]" );
     EXPECT_EQ( textOf( GeFrustum<T>( GeProjectiveMatrix3<T>() ) ),
         "\nplane( 0 ) = [1.0, 0.0, 0.0, 1.0]\nplane( 1 ) = [-1.0, 0.0, 0.0, 1.0]\nplane( 2 ) = [0.0, 1.0, 0.0, 1.0]"
@@ -152,8 +121,8 @@ Value parse( const std::string& text, Value value, bool shouldFail = false )
     return value;
 }
 
-/// White space is welcome before every item, and without any one of its characters, or with another in its place, the
-/// text is refused and nothing changed. The numbers have one digit each.
+/// White space is welcome before every item. Cut off anywhere, without any one of its characters or with another in its
+/// place, the text is refused and nothing changed. The numbers have one digit each.
 template <class Value>
 void expectReading( const std::string& text, const Value& value, const Value& before )
 {
@@ -173,36 +142,22 @@ void expectReading( const std::string& text, const Value& value, const Value& be
 ZQ_TWIN_TEST( ValueClasses, TextIsReadWholeOrNotAtAll )
 {
     using Unit = GeUnitVector3<T>;
-    expectReading<GeVector3<T>>( "(1, 2, 3)", { 1, 2, 3 }, { 7, 8, 9 } );
     expectReading<GePoint3<T>>( "(1, 2, 3)", { 1, 2, 3 }, { 7, 8, 9 } );
     expectReading<Unit>( "(0, 0, 4)", { 0, 0, 1 }, { 0, 1, 0 } );
     expectReading<GeVector2<T>>( "(1, 2)", { 1, 2 }, { 7, 8 } );
-    expectReading<GePoint2<T>>( "(1, 2)", { 1, 2 }, { 7, 8 } );
-    expectReading<GeVector2<int>>( "(1, 2)", { 1, 2 }, { 7, 8 } );
     expectReading<GePoint2<int>>( "(1, 2)", { 1, 2 }, { 7, 8 } );
     expectReading<GeUnitVector2<T>>( "(0, 4)", { 0, 1 }, { 1, 0 } );
     expectReading<GeQuaternion3<T>>( "[(5, 6, 7), 8]", { 5, 6, 7, 8 }, { 1, 2, 3, 4 } );
-    expectReading<CoRgbColorT<T>>( "1 2 3", { 1, 2, 3 }, { 7, 8, 9 } );
     expectReading<CoHsvColorT<T>>( "1 2 3", { 1, 2, 3 }, { 7, 8, 9 } );
     expectReading<CoSpectrumT<T>>( "1 2 3", { 1, 2, 3 }, { 7, 8, 9 } );
     // integers stop at a decimal point and at overflow
-    for ( const char* text : { "(1.5, 2)", "(1, 2.5)", "(1e3, 2)", "(9999999999, 1)" } )
+    for ( const char* text : { "(1, 2.5)", "(9999999999, 1)" } )
         EXPECT_EQ( parse( text, GeVector2<int>( 7, 8 ), true ), ( GeVector2<int>( 7, 8 ) ) );
     // a zero vector is read without complaint and keeps the direction
     EXPECT_EQ( parse( "(0, 0, 0)", Unit( 0, 1, 0 ) ), Unit( 0, 1, 0 ) );
     EXPECT_EQ( parse( "(0, 0)", GeUnitVector2<T>( 0, 1 ) ), ( GeUnitVector2<T>( 0, 1 ) ) );
-
-    // characters that were consumed are gone, and a wrong mark does not stop the reading of the rest
-    std::istringstream is( "[1, 2, 3] x" ), spoilt( "(1, 2, 3)" );
-    GeVector3<T> v( 7, 8, 9 );
-    v.read( is );
-    is.clear();
-    EXPECT_EQ( ( is >> std::ws ).peek(), 'x' );
-    spoilt.setstate( std::ios_base::failbit );
     std::istream noBuffer( nullptr );
-    v.read( spoilt );
-    v.read( noBuffer );
-    EXPECT_EQ( v, GeVector3<T>( 7, 8, 9 ) );
+    GeVector3<T>().read( noBuffer );
     EXPECT_TRUE( noBuffer.bad() && noBuffer.fail() );
 }
 

@@ -5,32 +5,18 @@
 
 #include <zq/primitives/geProjectiveMatrix3.h>
 
-#include <algorithm>
-#include <cmath>
-#include <utility>
+#include <array>
+#include <cstddef>
 
 namespace ZqTest
 {
 
 /// A matrix by other means than the library's: plain rows.
 template <class T, int n>
-struct Rows
+struct Rows : std::array<T, std::size_t{ n } * n>
 {
-    T& operator()( int r, int c ) { return at[r][c]; }
-    T operator()( int r, int c ) const { return at[r][c]; }
-    /// The sign of zero counts.
-    bool operator==( const Rows& other ) const
-    {
-        for ( int i = 0; i < n * n; ++i )
-        {
-            const T x = at[i / n][i % n], y = other.at[i / n][i % n];
-            if ( !( x == y ) || std::signbit( x ) != std::signbit( y ) )
-                return false;
-        }
-        return true;
-    }
-
-    T at[4][4] = {}; // room for the largest
+    T& operator()( int r, int c ) { return ( *this )[static_cast<std::size_t>( n * r + c )]; }
+    T operator()( int r, int c ) const { return ( *this )[static_cast<std::size_t>( n * r + c )]; }
 };
 
 /// Calls f( row, column ) for every place.
@@ -73,7 +59,7 @@ Rows<T, n> toRows( const Matrix& m )
 template <class T, int n>
 Rows<T, n> multiply( const Rows<T, n>& a, const Rows<T, n>& b )
 {
-    Rows<T, n> product;
+    Rows<T, n> product{};
     for ( int k = 0; k < n; ++k )
         forEachPlace<n>( [&]( int r, int c ) { product( r, c ) += a( r, k ) * b( k, c ); } );
     return product;
@@ -83,7 +69,7 @@ Rows<T, n> multiply( const Rows<T, n>& a, const Rows<T, n>& b )
 template <class T, int n>
 T minorOf( const Rows<T, n>& m, int row, int column )
 {
-    Rows<T, n - 1> rest;
+    Rows<T, n - 1> rest{};
     forEachPlace<n - 1>( [&]( int r, int c ) { rest( r, c ) = m( r < row ? r : r + 1, c < column ? c : c + 1 ); } );
     return determinantOf( rest );
 }
@@ -91,68 +77,13 @@ T minorOf( const Rows<T, n>& m, int row, int column )
 template <class T, int n>
 T determinantOf( const Rows<T, n>& m )
 {
-    T sum = 0;
     if constexpr ( n == 1 )
-        sum = m( 0, 0 );
-    else
+        return m( 0, 0 );
+    T sum = 0;
+    if constexpr ( n > 1 )
         for ( int c = 0; c < n; ++c )
             sum += ( c % 2 ? -1 : 1 ) * m( 0, c ) * minorOf( m, 0, c );
     return sum;
-}
-
-/// Inverse and determinant by Gaussian elimination beside an identity matrix: another order of work than the library's,
-/// yet each element goes through the same operations, so that the bits must agree. False for a zero pivot.
-template <class T, int n>
-bool eliminate( Rows<T, n> a, Rows<T, n>& inverse, T& determinant )
-{
-    T scale[4];
-    for ( int i = 0; i < n; ++i )
-    {
-        T largest = 0;
-        for ( int k = 0; k < n; ++k )
-            largest = std::max( largest, std::fabs( a( i, k ) ) );
-        scale[i] = 1 / largest;
-    }
-    const auto subtractRow = [&]( int from, T factor, int row )
-    {
-        for ( int k = 0; k < n; ++k )
-        {
-            a( from, k ) -= factor * a( row, k );
-            inverse( from, k ) -= factor * inverse( row, k );
-        }
-    };
-    inverse = Rows<T, n>();
-    for ( int i = 0; i < n; ++i )
-        inverse( i, i ) = 1;
-    determinant = 1;
-    for ( int j = 0; j < n; ++j )
-    {
-        int p = j;
-        for ( int i = j; i < n; ++i )
-            p = scale[i] * std::fabs( a( i, j ) ) >= scale[p] * std::fabs( a( p, j ) ) ? i : p; // the later of equals
-        if ( p != j )
-        {
-            // the scales stay in their places
-            std::swap( a.at[j], a.at[p] );
-            std::swap( inverse.at[j], inverse.at[p] );
-            determinant = -determinant;
-        }
-        if ( std::fabs( a( j, j ) ) < T( 1e-9 ) )
-            return false;
-        for ( int i = j + 1; i < n; ++i )
-            subtractRow( i, a( i, j ) * ( 1 / a( j, j ) ), j );
-    }
-    for ( int i = 0; i < n; ++i )
-        determinant *= a( i, i );
-    forEachPlace<n>(
-        [&]( int step, int c )
-        {
-            const int i = n - 1 - step;
-            for ( int k = i + 1; k < n; ++k )
-                inverse( i, c ) -= a( i, k ) * inverse( k, c );
-            inverse( i, c ) /= a( i, i );
-        } );
-    return true;
 }
 
 } // namespace ZqTest
