@@ -131,19 +131,14 @@ ZQ_TWIN_TEST( Rotation3, AimAtAPolygon )
     }
 }
 
-ZQ_TWIN_TEST( Rotation3, FramesReportInTheOrderOfTheirChecks )
+ZQ_TWIN_TEST( Rotation3, AnUpThatIsNoNumberIsReported )
 {
-    using F = GeRotation3<T>;
-    const char* file = "src/primitives/geRotation3.imp";
-    const GeUnitVector3<T> x( 1, 0, 0 );
-    const GeVector3<T> up( 0, 1, 0 ), nan( 0, ZqTest::nan<T>, 0 );
-    EXPECT_REPORT( F::aim( x, up, 3, 3, true ), file, "aimAxis >= 0 && aimAxis <= 2" );
-    EXPECT_REPORT( F::aim( x, nan, 1, 1, true ), file, "aimAxis != planeAxis" );
-    EXPECT_REPORT( F::aim( x, nan, 0, 1, true ), file, "len > 0" );
-    EXPECT_REPORT( F::aim( 2, nullptr, 5, 5, true ), file, "nbPoints >= 3" );
+    const auto aim = []( T y )
+    { GeRotation3<T>::aim( GeUnitVector3<T>( 1, 0, 0 ), GeVector3<T>( 0, y, 0 ), 0, 1, true ); };
+    EXPECT_REPORT( aim( ZqTest::nan<T> ), "src/primitives/geRotation3.imp", "len > 0" );
     // an infinite length leaves a zero vector, which is not of unit length
-    EXPECT_REPORT( F::aim( x, up * ( std::numeric_limits<T>::max() / 4 ), 0, 1, true ),
-        "src/primitives/geVector3.inline", "FloatUtil::isEqual( length(), static_cast<T>(1.0) )" );
+    EXPECT_REPORT( aim( std::numeric_limits<T>::max() / 4 ), "src/primitives/geVector3.inline",
+        "FloatUtil::isEqual( length(), static_cast<T>(1.0) )" );
 }
 
 ZQ_TWIN_TEST( Rotation3, RotationsByTinyAnglesAndAboutNothing )
