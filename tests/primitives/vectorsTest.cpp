@@ -30,7 +30,15 @@ class Vectors : public ::testing::Test
 {
 };
 using Kinds = ::testing::Types<GeVector2<float>, GeVector2<double>, GeVector3<float>, GeVector3<double>>;
-TYPED_TEST_SUITE( Vectors, Kinds );
+struct KindNames
+{
+    template <class Vector>
+    static std::string GetName( int index )
+    {
+        return ( index < 2 ? "plane_" : "space_" ) + ZqTest::ScalarNames::GetName<typename Kind<Vector>::T>( 0 );
+    }
+};
+TYPED_TEST_SUITE( Vectors, Kinds, KindNames );
 
 TYPED_TEST( Vectors, OperationsTakeEachComponentInTheirStatedOrder )
 {
