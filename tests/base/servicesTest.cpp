@@ -5,8 +5,6 @@
 #include <zq/base/objPtr.h>
 #include <zq/base/trace.h>
 
-#include <thread>
-
 namespace
 {
 
@@ -46,20 +44,6 @@ TEST( Trace, ALevelIsKnownByNameAndItsMessagesAreBuiltOnlyWhileItIsOn )
     }
     EXPECT_EQ( built, 1 );
     EXPECT_EQ( manager.takeText( "src/f:" + std::to_string( __LINE__ - 3 ) ), "n=1\n" );
-}
-
-TEST( Trace, LevelsMayBeSwitchedWhileOtherThreadsAsk )
-{
-    TraceLevel* const level = Trace::registerLevel( "ServicesTest threads", "file" );
-    const auto ask = [level]
-    {
-        for ( int i = 0; i < 1000; ++i )
-            level->setEnabled( Trace::registerLevel( "ServicesTest threads", "file" ) != level );
-    };
-    std::thread other( ask );
-    ask();
-    other.join();
-    EXPECT_FALSE( Trace::isEnabled( *level ) );
 }
 
 class Record final : public DbgBuildInfo
