@@ -198,7 +198,7 @@ TEST( AnchoredConeBuilder, FitsAsAReferenceDoes )
         // axes that have components of equal size, too: the ties of the frame
         const auto pick = [&random] { return static_cast<float>( random.index( 5 ) - 2 ); };
         const float x = pick(), y = pick();
-        const GeFloatingCone cone( Unit( x, y, i % 2 ? 1.3F : 2.0F ), random.uniform( 0.0F, 1.2F ) );
+        const GeFloatingCone cone( Unit( x, y, i % 2 ? 1.3F : 1.0F ), random.uniform( 0.0F, 1.2F ) );
         std::vector<Point> points( std::size_t( 1 + random.index( 12 ) ) );
         std::generate( points.begin(), points.end(), [&] { return random.point<float>( 1 ); } );
 
@@ -318,6 +318,7 @@ TEST( CullingCones, NamedViewpoints )
     using Row = std::tuple<float, float, Point, bool, bool>;
     for ( const auto& [semiAngle, cosBeta, p, isBehind, isInFront] : {
               Row{ 0.5F, 0.479425539F, Point( 0, 0, 1 ), true, false }, // the tips count
+              Row{ 0.5F, 0.479425539F, Point( 0, 0, 11 ), false, true },
               Row{ 0.5F, 0.479425539F, Point( nan, 0, 0 ), false, false },
               Row{ 0.5F, 0.479425539F, Point( 0, 0, -1e30F ), false, false }, // the direction overflows to zero
               Row{ 0, 0, Point( 5, 3, 1 ), true, false },                     // and the surfaces count
@@ -325,7 +326,7 @@ TEST( CullingCones, NamedViewpoints )
               Row{ widest, 1, Point( 0, 0, -1 ), true, false },
               Row{ beyond, -1, Point( 0, 0, -1 ), false, true },
               Row{ nan, -1, Point( nan, 0, 0 ), false, true },
-              Row{ noCosine, nan, Point( 0, 0, -1 ), false, false },
+              Row{ noCosine, nan, Point( 0, 0, 1 ), false, false },
               Row{ -0.5F, -0.479425539F, Point( 0, 0, -1 ), false, true },
           } )
     {
