@@ -1,6 +1,7 @@
 // Boxes: grown over points, against each other, and cut by a line.
 
 #include "inputs.h"
+#include "plainRules.h"
 #include "rows.h"
 
 #include <zq/primitives/geAlignedBox.h>
@@ -162,35 +163,17 @@ struct PlainClassify
     }
 };
 
-struct PlainRange
+struct PlainPair
 {
-    float from;
-    float to;
+    ZqPlain::Box<float> box;
+    ZqPlain::Three<float> origin;
+    ZqPlain::Three<float> direction;
 };
 
-/// The slabs of a box one after the other; see GeAlignedBox3::intersectLine.
-PlainRange intersectPlain( const Box& box, const Point& origin, const Vector& direction )
+PlainPair makePlainPair( const BoxAndLine& pair )
 {
-    constexpr float largest = ( std::numeric_limits<float>::max )();
-    PlainRange range{ -largest, largest };
-    for ( int axis = 0; axis < 3; ++axis )
-    {
-        const Interval slab = box.getInterval( axis );
-        if ( direction[axis] == 0 )
-        {
-            if ( origin[axis] < slab.min || origin[axis] > slab.max )
-                return { largest, -largest };
-            continue;
-        }
-        const float inverse = 1.0F / direction[axis];
-        float t1 = ( slab.min - origin[axis] ) * inverse;
-        float t2 = ( slab.max - origin[axis] ) * inverse;
-        if ( direction[axis] < 0 )
-            std::swap( t1, t2 );
-        range.from = ( std::max )( range.from, t1 );
-        range.to = ( std::min )( range.to, t2 );
-    }
-    return range;
+    return {
+        numbersOf<float>( pair.box ), numbersOf<float>( pair.line.origin ), numbersOf<float>( pair.line.direction ) };
 }
 
 void addOwnRows()
@@ -220,13 +203,14 @@ void addOwnRows()
 
     addSingles( { "boxLine", "ours", BRANCHY_COUNT }, getPairs,
         []( const BoxAndLine& pair ) { return pair.box.intersectLine( pair.line.origin, pair.line.direction ); } );
-    addSingles( { "boxLine", "plain", BRANCHY_COUNT }, getPairs,
-        []( const BoxAndLine& pair ) { return intersectPlain( pair.box, pair.line.origin, pair.line.direction ); } );
+    addSingles( { "boxLine", "plain", BRANCHY_COUNT }, makeConverted( getPairs, makePlainPair ),
+        []( const PlainPair& pair ) { return ZqPlain::intersectBox( pair.box, pair.origin, pair.direction ); } );
     addArray<Interval>( { "boxLineArray", "ours", SMALL }, getTargets,
         []( const Box* boxes, std::size_t count, Interval* ranges )
         { Box::intersectLine( boxes, count, LINE.origin, LINE.direction, ranges ); } );
-    addLoop( { "boxLineArray", "plain", SMALL }, getTargets,
-        []( const Box& box ) { return intersectPlain( box, LINE.origin, LINE.direction ); } );
+    addLoop( { "boxLineArray", "plain", SMALL }, makeConverted( getTargets, numbersOf<float, Box> ),
+        [origin = numbersOf<float>( LINE.origin ), direction = numbersOf<float>( LINE.direction )](
+            const ZqPlain::Box<float>& box ) { return ZqPlain::intersectBox( box, origin, direction ); } );
     addFloor( "boxLineArray", SMALL, getTargets );
 }
 
@@ -373,6 +357,12 @@ struct GlmPair
     GlmBox box;
     glm::vec3 origin;
     glm::vec3 direction;
+};
+
+struct PlainRange
+{
+    float from;
+    float to;
 };
 
 /// The slabs as users of vector libraries write them; a direction along an axis takes its answer from infinities.

@@ -1,13 +1,13 @@
 // Boxes and points against a view frustum, with three answers for boxes: outside, inside, crossing.
 
 #include "inputs.h"
+#include "plainRules.h"
 #include "rows.h"
 
 #include <zq/primitives/geCameraBuilder.h>
 #include <zq/primitives/geFrustum.h>
 #include <zq/primitives/geQuaternion3.h>
 
-#include <array>
 #include <memory>
 
 #ifdef ZQ_BENCHMARK_PEERS
@@ -93,18 +93,10 @@ std::vector<Point> makePoints( std::size_t count )
 constexpr auto getBoxes = getShared<Box, makeBoxes>;
 constexpr auto getPoints = getShared<Point, makePoints>;
 
-struct PlainPlane
-{
-    float x;
-    float y;
-    float z;
-    float d;
-};
-
-std::array<PlainPlane, 6> getPlanes()
+ZqPlain::Frustum<float> getPlanes()
 {
     const Frustum frustum = makeFrustum();
-    std::array<PlainPlane, 6> planes;
+    ZqPlain::Frustum<float> planes;
     for ( int i = 0; i < 6; ++i )
     {
         const Zq::GeNormalizedPlane3<float> plane = frustum.getPlane( i );
@@ -114,38 +106,14 @@ std::array<PlainPlane, 6> getPlanes()
     return planes;
 }
 
-/// The rule as it is told: the corner that is deepest in decides about outside, the opposite one about crossing.
 struct PlainFrustum
 {
-    std::array<PlainPlane, 6> planes = getPlanes();
+    ZqPlain::Frustum<float> planes = getPlanes();
 
-    unsigned char operator()( const Box& box ) const
+    unsigned char operator()( const ZqPlain::Box<float>& box ) const { return ZqPlain::classifyBox( planes, box ); }
+    unsigned char operator()( const ZqPlain::Three<float>& point ) const
     {
-        const Zq::Interval<float> x = box.getInterval( 0 );
-        const Zq::Interval<float> y = box.getInterval( 1 );
-        const Zq::Interval<float> z = box.getInterval( 2 );
-        unsigned char answer = INSIDE;
-        for ( const PlainPlane& p : planes )
-        {
-            const float low = p.x * ( p.x > 0 ? x.min : x.max ) + p.y * ( p.y > 0 ? y.min : y.max ) +
-                p.z * ( p.z > 0 ? z.min : z.max );
-            if ( low + p.d >= -0.0001F )
-                continue;
-            const float high = p.x * ( p.x > 0 ? x.max : x.min ) + p.y * ( p.y > 0 ? y.max : y.min ) +
-                p.z * ( p.z > 0 ? z.max : z.min );
-            if ( high + p.d < -0.0001F )
-                return OUTSIDE;
-            answer = INTERSECT;
-        }
-        return answer;
-    }
-
-    unsigned char operator()( const Point& point ) const
-    {
-        for ( const PlainPlane& p : planes )
-            if ( p.x * point.getX() + p.y * point.getY() + p.z * point.getZ() + p.d < -0.0001F )
-                return OUTSIDE;
-        return INSIDE;
+        return ZqPlain::classifyPoint( planes, point );
     }
 };
 
@@ -177,8 +145,9 @@ void addOwnRows()
     const auto classify = [=]( const auto& item ) { return static_cast<unsigned char>( frustum.classify( item ) ); };
     addSingles( { "frustumBox", "ours", SMALL }, getBoxes, classify );
     addSingles( { "frustumPoint", "ours", SMALL }, getPoints, classify );
-    addBoxRows( "plain", getBoxes, PlainFrustum() );
-    addPointRows( "plain", getPoints, PlainFrustum() );
+    const auto plainBoxes = makeConverted( getBoxes, numbersOf<float, Box> );
+    addBoxRows( "plain", plainBoxes, PlainFrustum() );
+    addPointRows( "plain", makeConverted( getPoints, numbersOf<float, Point> ), PlainFrustum() );
     for ( const std::size_t count : { SMALL, LARGE } )
     {
         addArray<unsigned char>( { "frustumBoxArray", "ours", count }, getBoxes,
@@ -195,8 +164,8 @@ void addOwnRows()
     addReduction( { "frustumNotOutsideArray", "ours", SMALL }, getBoxes,
         [=]( const Box* boxes, std::size_t nbBoxes )
         { return frustum.findNotOutside( boxes, nbBoxes, indices->data() ); } );
-    addReduction( { "frustumNotOutsideArray", "plain", SMALL }, getBoxes,
-        [=, plain = PlainFrustum()]( const Box* boxes, std::size_t nbBoxes )
+    addReduction( { "frustumNotOutsideArray", "plain", SMALL }, plainBoxes,
+        [=, plain = PlainFrustum()]( const ZqPlain::Box<float>* boxes, std::size_t nbBoxes )
         {
             std::size_t nbFound = 0;
             for ( std::size_t i = 0; i < nbBoxes; ++i )
@@ -218,12 +187,12 @@ struct GlmFrustum
 
     GlmFrustum()
     {
-        const std::array<PlainPlane, 6> planes = getPlanes();
+        const ZqPlain::Frustum<float> planes = getPlanes();
         for ( std::size_t i = 0; i < 6; ++i )
         {
-            normals[i] = glm::vec3( planes[i].x, planes[i].y, planes[i].z );
+            normals[i] = glm::vec3( planes[i][0], planes[i][1], planes[i][2] );
             absolutes[i] = glm::abs( normals[i] );
-            offsets[i] = planes[i].d;
+            offsets[i] = planes[i][3];
         }
     }
 };
@@ -301,14 +270,14 @@ struct EigenFrustum
 
     EigenFrustum()
     {
-        const std::array<PlainPlane, 6> planes = getPlanes();
+        const ZqPlain::Frustum<float> planes = getPlanes();
         for ( int i = 0; i < 6; ++i )
         {
-            const PlainPlane& plane = planes[static_cast<std::size_t>( i )];
-            x[i] = plane.x;
-            y[i] = plane.y;
-            z[i] = plane.z;
-            d[i] = plane.d;
+            const ZqPlain::Four<float>& plane = planes[static_cast<std::size_t>( i )];
+            x[i] = plane[0];
+            y[i] = plane[1];
+            z[i] = plane[2];
+            d[i] = plane[3];
         }
     }
 
@@ -363,7 +332,7 @@ struct CglmBox
 /// Its own test says outside; what is left is asked for the opposite corner in the same manner.
 struct CglmFrustum
 {
-    std::array<PlainPlane, 6> plain = getPlanes();
+    ZqPlain::Frustum<float> plain = getPlanes();
 
     unsigned char operator()( const CglmBox& item ) const
     {
@@ -388,11 +357,11 @@ struct BulletFrustum
 
     BulletFrustum()
     {
-        const std::array<PlainPlane, 6> planes = getPlanes();
+        const ZqPlain::Frustum<float> planes = getPlanes();
         for ( std::size_t i = 0; i < 6; ++i )
         {
-            normals[i] = btVector3( planes[i].x, planes[i].y, planes[i].z );
-            offsets[i] = planes[i].d;
+            normals[i] = btVector3( planes[i][0], planes[i][1], planes[i][2] );
+            offsets[i] = planes[i][3];
             signs[i] =
                 ( normals[i].x() >= 0 ? 1 : 0 ) + ( normals[i].y() >= 0 ? 2 : 0 ) + ( normals[i].z() >= 0 ? 4 : 0 );
         }

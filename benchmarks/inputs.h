@@ -1,6 +1,7 @@
 #ifndef ZQ_BENCHMARKS_INPUTS_H
 #define ZQ_BENCHMARKS_INPUTS_H
 
+#include "support/numbers.h"
 #include "support/random.h"
 
 #include <cmath>
@@ -12,6 +13,7 @@
 namespace ZqBench
 {
 
+using ZqTest::numbersOf;
 using ZqTest::Random;
 
 /// Random order, the same on every machine.

@@ -1,6 +1,7 @@
 // Lines against spheres and planes; those against boxes are in boxes.cpp.
 
 #include "inputs.h"
+#include "plainRules.h"
 #include "rows.h"
 
 #include <zq/primitives/geNormalizedPlane3.h>
@@ -87,66 +88,22 @@ std::vector<PlaneAndRay> makePlanes( std::size_t count )
 constexpr auto getSpheres = getShared<SphereAndRay, makeSpheres>;
 constexpr auto getPlanes = getShared<PlaneAndRay, makePlanes>;
 
-float dot( const float ( &a )[3], const float ( &b )[3] )
+/// A sphere or a plane, and a line.
+struct PlainPair
 {
-    return a[0] * b[0] + a[1] * b[1] + a[2] * b[2];
-}
-
-struct PlainSphereAndRay
-{
-    float center[3];
-    float radius;
-    float origin[3];
-    float direction[3];
+    ZqPlain::Four<float> thing;
+    ZqPlain::Three<float> origin;
+    ZqPlain::Three<float> direction;
 };
 
-PlainSphereAndRay makePlainSphere( const SphereAndRay& pair )
+PlainPair makePlainSphere( const SphereAndRay& pair )
 {
-    PlainSphereAndRay plain;
-    plain.radius = pair.sphere.getRadius();
-    for ( int axis = 0; axis < 3; ++axis )
-    {
-        plain.center[axis] = pair.sphere.getCenter()[axis];
-        plain.origin[axis] = pair.origin[axis];
-        plain.direction[axis] = pair.direction[axis];
-    }
-    return plain;
+    return { numbersOf<float>( pair.sphere ), numbersOf<float>( pair.origin ), numbersOf<float>( pair.direction ) };
 }
 
-/// Both roots of the quadratic, for directions of any length.
-Roots intersectPlain( const PlainSphereAndRay& pair )
+PlainPair makePlainPlane( const PlaneAndRay& pair )
 {
-    const float m[3] = {
-        pair.origin[0] - pair.center[0], pair.origin[1] - pair.center[1], pair.origin[2] - pair.center[2] };
-    const float a = dot( pair.direction, pair.direction );
-    const float b = dot( m, pair.direction );
-    const float c = dot( m, m ) - pair.radius * pair.radius;
-    const float discriminant = b * b - a * c;
-    if ( std::fabs( a ) < 1e-6F || discriminant < -0.0001F )
-        return { 0, 0 };
-    const float root = std::sqrt( discriminant );
-    return { ( -b - root ) / a, ( -b + root ) / a };
-}
-
-struct PlainPlaneAndRay
-{
-    float normal[3];
-    float offset;
-    float origin[3];
-    float direction[3];
-};
-
-PlainPlaneAndRay makePlainPlane( const PlaneAndRay& pair )
-{
-    PlainPlaneAndRay plain;
-    plain.offset = pair.plane.getOffset();
-    for ( int axis = 0; axis < 3; ++axis )
-    {
-        plain.normal[axis] = pair.plane.getNormal()[axis];
-        plain.origin[axis] = pair.origin[axis];
-        plain.direction[axis] = pair.direction[axis];
-    }
-    return plain;
+    return { numbersOf<float>( pair.plane ), numbersOf<float>( pair.origin ), numbersOf<float>( pair.direction ) };
 }
 
 void addOwnRows()
@@ -158,7 +115,13 @@ void addOwnRows()
             pair.sphere.intersectRay( pair.origin, pair.direction, roots.first, roots.second );
             return roots;
         } );
-    addSingles( { "raySphere", "plain", BRANCHY_COUNT }, makeConverted( getSpheres, makePlainSphere ), intersectPlain );
+    addSingles( { "raySphere", "plain", BRANCHY_COUNT }, makeConverted( getSpheres, makePlainSphere ),
+        []( const PlainPair& pair )
+        {
+            Roots roots{ 0, 0 };
+            ZqPlain::intersectSphere( pair.thing, pair.origin, pair.direction, roots.first, roots.second );
+            return roots;
+        } );
 
     addSingles( { "rayPlane", "ours", BRANCHY_COUNT }, getPlanes,
         []( const PlaneAndRay& pair )
@@ -168,12 +131,11 @@ void addOwnRows()
             return t;
         } );
     addSingles( { "rayPlane", "plain", BRANCHY_COUNT }, makeConverted( getPlanes, makePlainPlane ),
-        []( const PlainPlaneAndRay& pair )
+        []( const PlainPair& pair )
         {
-            const float slope = dot( pair.normal, pair.direction );
-            if ( std::fabs( slope ) < 1e-6F )
-                return 0.0F;
-            return -( dot( pair.normal, pair.origin ) + pair.offset ) / slope;
+            float t = 0;
+            ZqPlain::intersectPlane( pair.thing, pair.origin, pair.direction, t );
+            return t;
         } );
 }
 

@@ -1,6 +1,7 @@
 // Inverses, products and transforms of matrices.
 
 #include "inputs.h"
+#include "plainRules.h"
 #include "rows.h"
 
 #include <zq/primitives/geHomogeneousCoord3.h>
@@ -27,10 +28,7 @@ constexpr std::size_t POINTS = 4096;
 
 /// Random elements: the pivots are all over the place, and hardly any matrix is near a singular one.
 template <class T, int size>
-struct Elements
-{
-    T m[std::size_t( size )][std::size_t( size )];
-};
+using Elements = ZqPlain::Matrix<T, size>;
 
 template <class T, int size>
 T computePlainDeterminant( const Elements<T, size>& e )
@@ -262,18 +260,7 @@ Elements<T, size> invertPlain( const Elements<T, size>& matrix )
 template <class T, int size>
 Elements<T, size> multiplyPlain( const Pair<Elements<T, size>>& pair )
 {
-    Elements<T, size> product;
-    for ( int i = 0; i < size; ++i )
-    {
-        for ( int j = 0; j < size; ++j )
-        {
-            T sum = pair.a.m[i][0] * pair.b.m[0][j];
-            for ( int k = 1; k < size; ++k )
-                sum += pair.a.m[i][k] * pair.b.m[k][j];
-            product.m[i][j] = sum;
-        }
-    }
-    return product;
+    return ZqPlain::multiplyMatrices( pair.a, pair.b );
 }
 
 template <class T>

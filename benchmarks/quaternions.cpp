@@ -1,6 +1,7 @@
 // Quaternions: products, interpolation, and the ways to and from matrices and Euler angles.
 
 #include "inputs.h"
+#include "plainRules.h"
 #include "rows.h"
 
 #include <zq/primitives/geQuaternion3.h>
@@ -105,111 +106,52 @@ constexpr auto getAngles = getShared<Angles, makeAngles>;
 
 // ---- the plain rules ----
 
-struct PlainQuaternion
-{
-    float x;
-    float y;
-    float z;
-    float w;
-};
-
-struct PlainMatrix
-{
-    float m[3][3];
-};
-
-PlainQuaternion makePlain( const Quaternion& q )
-{
-    return { q.getX(), q.getY(), q.getZ(), q.getW() };
-}
-
-PlainMatrix makePlainMatrix( const Linear& linear )
-{
-    PlainMatrix matrix;
-    for ( int i = 0; i < 3; ++i )
-        for ( int j = 0; j < 3; ++j )
-            matrix.m[i][j] = linear( i, j );
-    return matrix;
-}
-
-PlainQuaternion multiplyPlain( const Blend<PlainQuaternion>& pair )
-{
-    const PlainQuaternion& a = pair.a;
-    const PlainQuaternion& b = pair.b;
-    return { a.w * b.x + a.x * b.w + a.y * b.z - a.z * b.y, a.w * b.y + a.y * b.w + a.z * b.x - a.x * b.z,
-        a.w * b.z + a.z * b.w + a.x * b.y - a.y * b.x, a.w * b.w - a.x * b.x - a.y * b.y - a.z * b.z };
-}
-
-PlainQuaternion slerpPlain( const Blend<PlainQuaternion>& pair )
-{
-    const PlainQuaternion& a = pair.a;
-    const PlainQuaternion& b = pair.b;
-    float cosine = a.x * b.x + a.y * b.y + a.z * b.z + a.w * b.w;
-    const float sign = cosine < 0 ? -1.0F : 1.0F;
-    cosine *= sign;
-    float fromA = 1 - pair.t;
-    float fromB = pair.t;
-    if ( cosine < 0.999999F )
-    {
-        const float omega = std::acos( cosine );
-        const float sine = std::sin( omega );
-        fromA = std::sin( omega * fromA ) / sine;
-        fromB = std::sin( omega * fromB ) / sine;
-    }
-    fromB *= sign;
-    return {
-        a.x * fromA + b.x * fromB, a.y * fromA + b.y * fromB, a.z * fromA + b.z * fromB, a.w * fromA + b.w * fromB };
-}
+using PlainQuaternion = ZqPlain::Four<float>;
+using PlainMatrix = std::array<float, 9>;
 
 PlainMatrix toMatrixPlain( const PlainQuaternion& q )
 {
-    const float s = 2 / ( q.x * q.x + q.y * q.y + q.z * q.z + q.w * q.w );
-    return { { { 1 - s * ( q.y * q.y + q.z * q.z ), s * ( q.x * q.y - q.w * q.z ), s * ( q.x * q.z + q.w * q.y ) },
-        { s * ( q.x * q.y + q.w * q.z ), 1 - s * ( q.x * q.x + q.z * q.z ), s * ( q.y * q.z - q.w * q.x ) },
-        { s * ( q.x * q.z - q.w * q.y ), s * ( q.y * q.z + q.w * q.x ), 1 - s * ( q.x * q.x + q.y * q.y ) } } };
+    const auto& [x, y, z, w] = q;
+    const float s = 2 / ( x * x + y * y + z * z + w * w );
+    return { 1 - s * ( y * y + z * z ), s * ( x * y - w * z ), s * ( x * z + w * y ), //
+        s * ( x * y + w * z ), 1 - s * ( x * x + z * z ), s * ( y * z - w * x ),      //
+        s * ( x * z - w * y ), s * ( y * z + w * x ), 1 - s * ( x * x + y * y ) };
 }
 
 PlainQuaternion fromMatrixPlain( const PlainMatrix& matrix )
 {
-    const auto& m = matrix.m;
-    const float trace = m[0][0] + m[1][1] + m[2][2];
+    const auto m = [&]( std::size_t row, std::size_t column ) { return matrix[3 * row + column]; };
+    const float trace = m( 0, 0 ) + m( 1, 1 ) + m( 2, 2 );
     if ( trace >= 0 )
     {
         const float root = std::sqrt( trace + 1 );
         const float s = 0.5F / root;
-        return { ( m[2][1] - m[1][2] ) * s, ( m[0][2] - m[2][0] ) * s, ( m[1][0] - m[0][1] ) * s, root * 0.5F };
+        return {
+            ( m( 2, 1 ) - m( 1, 2 ) ) * s, ( m( 0, 2 ) - m( 2, 0 ) ) * s, ( m( 1, 0 ) - m( 0, 1 ) ) * s, root * 0.5F };
     }
-    int h = 0;
-    if ( m[1][1] > m[0][0] )
+    std::size_t h = 0;
+    if ( m( 1, 1 ) > m( 0, 0 ) )
         h = 1;
-    if ( m[2][2] > m[h][h] )
+    if ( m( 2, 2 ) > m( h, h ) )
         h = 2;
-    const int i = ( h + 1 ) % 3;
-    const int j = ( i + 1 ) % 3;
-    const float root = std::sqrt( m[h][h] - m[i][i] - m[j][j] + 1 );
+    const std::size_t i = ( h + 1 ) % 3;
+    const std::size_t j = ( i + 1 ) % 3;
+    const float root = std::sqrt( m( h, h ) - m( i, i ) - m( j, j ) + 1 );
     const float s = 0.5F / root;
     float v[3];
     v[h] = root * 0.5F;
-    v[i] = ( m[i][h] + m[h][i] ) * s;
-    v[j] = ( m[j][h] + m[h][j] ) * s;
-    return { v[0], v[1], v[2], ( m[j][i] - m[i][j] ) * s };
+    v[i] = ( m( i, h ) + m( h, i ) ) * s;
+    v[j] = ( m( j, h ) + m( h, j ) ) * s;
+    return { v[0], v[1], v[2], ( m( j, i ) - m( i, j ) ) * s };
 }
 
 PlainMatrix fromAnglesPlain( const Angles& a )
 {
     const float cx = std::cos( a.x ), cy = std::cos( a.y ), cz = std::cos( a.z );
     const float sx = std::sin( a.x ), sy = std::sin( a.y ), sz = std::sin( a.z );
-    return { { { cy * cz, sx * sy * cz - cx * sz, cx * sy * cz + sx * sz },
-        { cy * sz, sx * sy * sz + cx * cz, cx * sy * sz - sx * cz }, { -sy, cy * sx, cy * cx } } };
-}
-
-Angles toAnglesPlain( const PlainMatrix& matrix )
-{
-    const auto& m = matrix.m;
-    const float cy = std::sqrt( m[0][0] * m[0][0] + m[1][0] * m[1][0] );
-    if ( cy > 0.0016F )
-        return { std::atan2( m[2][1], m[2][2] ), std::atan2( -m[2][0], cy ), std::atan2( m[1][0], m[0][0] ) };
-    return { std::atan2( -m[1][2], m[1][1] ), std::atan2( -m[2][0], cy ), 0 };
+    return { cy * cz, sx * sy * cz - cx * sz, cx * sy * cz + sx * sz, //
+        cy * sz, sx * sy * sz + cx * cz, cx * sy * sz - sx * cz,      //
+        -sy, cy * sx, cy * cx };
 }
 
 /// Both ends of a blend in the type of another library.
@@ -228,11 +170,14 @@ void addOwnRows()
 {
     addSingles(
         { "quaternionProduct", "ours" }, getBlends, []( const Blend<Quaternion>& pair ) { return pair.a * pair.b; } );
-    addSingles( { "quaternionProduct", "plain" }, makeConvertedBlends( makePlain ), multiplyPlain );
+    addSingles( { "quaternionProduct", "plain" }, makeConvertedBlends( numbersOf<float, Quaternion> ),
+        []( const Blend<PlainQuaternion>& pair ) { return ZqPlain::multiplyQuaternions( pair.a, pair.b ); } );
 
     addSingles( { "slerp", "ours", BRANCHY_COUNT, Compare::MAGNITUDE }, getBlends,
         []( const Blend<Quaternion>& blend ) { return Quaternion::slerp( blend.a, blend.b, blend.t, 0.0F ); } );
-    addSingles( { "slerp", "plain", BRANCHY_COUNT, Compare::MAGNITUDE }, makeConvertedBlends( makePlain ), slerpPlain );
+    addSingles( { "slerp", "plain", BRANCHY_COUNT, Compare::MAGNITUDE },
+        makeConvertedBlends( numbersOf<float, Quaternion> ),
+        []( const Blend<PlainQuaternion>& pair ) { return ZqPlain::slerp( pair.a, pair.b, pair.t, 0.0F ); } );
 
     addSingles( { "quaternionToMatrix", "ours" }, getQuaternions,
         []( const Quaternion& q )
@@ -241,7 +186,8 @@ void addOwnRows()
             q.getMatrix( matrix );
             return matrix;
         } );
-    addSingles( { "quaternionToMatrix", "plain" }, makeConverted( getQuaternions, makePlain ), toMatrixPlain );
+    addSingles( { "quaternionToMatrix", "plain" }, makeConverted( getQuaternions, numbersOf<float, Quaternion> ),
+        toMatrixPlain );
 
     addSingles( { "matrixToQuaternion", "ours", BRANCHY_COUNT, Compare::MAGNITUDE }, getRotations,
         []( const Linear& matrix )
@@ -251,7 +197,7 @@ void addOwnRows()
             return q;
         } );
     addSingles( { "matrixToQuaternion", "plain", BRANCHY_COUNT, Compare::MAGNITUDE },
-        makeConverted( getRotations, makePlainMatrix ), fromMatrixPlain );
+        makeConverted( getRotations, numbersOf<float, Linear> ), fromMatrixPlain );
 
     addSingles( { "eulerToMatrix", "ours", BRANCHY_COUNT }, getAngles,
         []( const Angles& angles )
@@ -269,8 +215,8 @@ void addOwnRows()
             Quaternion::matrixToEuler( matrix, Quaternion::EULER_XYZ_STATIC, angles.x, angles.y, angles.z );
             return angles;
         } );
-    addSingles(
-        { "matrixToEuler", "plain", BRANCHY_COUNT }, makeConverted( getRotations, makePlainMatrix ), toAnglesPlain );
+    addSingles( { "matrixToEuler", "plain", BRANCHY_COUNT }, makeConverted( getRotations, numbersOf<float, Linear> ),
+        []( const PlainMatrix& m ) { return ZqPlain::extractAngles( m, 0, 1, 2, false, false, false ); } );
 }
 
 #ifdef ZQ_BENCHMARK_PEERS

@@ -1,4 +1,7 @@
-#include "support/arrayForms.h"
+// RGB to HSV and back, one color and arrays at each level of instructions, against the plain rule, as bits.
+
+#include "../../benchmarks/plainRules.h"
+#include "support/bits.h"
 
 #include <zq/color/coHsvColor.h>
 #include <zq/color/kernels.h>
@@ -14,29 +17,32 @@ ZQ_TWIN_TEST( ColorArrayForms, Conversions )
 {
     using Rgb = CoRgbColorT<T>;
     using Hsv = CoHsvColorT<T>;
-    const auto check = []( const Detail::CoKernels<T>& kernels, Random& random )
+    const auto toHsv = []( const Rgb& rgb ) { return Hsv::convertFromRgb( rgb ); };
+    const auto toRgb = []( const Hsv& hsv ) { return hsv.convertToRgb(); };
+    const auto makeHsv = []( Random& random, bool isInRange )
     {
-        compareForm<T, Rgb, Hsv>(
-            random, 20000, [&]( auto... items ) { kernels.convertFromRgb( items... ); },
-            []( const Rgb& rgb ) { return Hsv::convertFromRgb( rgb ); } );
-        for ( const bool isInRange : { true, false } ) // whole blocks of hues that need not be turned, and others
-        {
-            const auto makeHsv = [&]( Random& )
-            {
-                Hsv hsv = makeRecord<Hsv, T>( random );
-                T hue = random.index( 2 ) == 0 ? random.uniform( T( 0 ), T( 360 ) ) : T( 30 ) * T( random.index( 25 ) );
-                if ( random.index( 6 ) == 0 )
-                    hue = std::nextafter( hue, T( 0 ) );
-                if ( isInRange || random.index( 9 ) != 0 )
-                    hsv.setHue( isInRange && hue >= T( 360 ) ? T( 90 ) : hue );
-                return hsv;
-            };
-            compareForm<T, Rgb>(
-                random, 10000, makeHsv, [&]( auto... items ) { kernels.convertToRgb( items... ); },
-                []( const Hsv& hsv ) { return hsv.convertToRgb(); } );
-        }
+        auto hsv = makeRecord<T, Hsv>( random );
+        T hue = random.index( 2 ) == 0 ? random.uniform( T( 0 ), T( 360 ) ) : T( 30 ) * T( random.index( 25 ) );
+        if ( random.index( 6 ) == 0 )
+            hue = std::nextafter( hue, T( 0 ) );
+        if ( isInRange || random.index( 9 ) != 0 )
+            hsv.setHue( isInRange && hue >= T( 360 ) ? T( 90 ) : hue );
+        return hsv;
     };
-    forEachLevel<Detail::CoKernels<T>>( Detail::findCoKernels<T>, check );
+    const auto makeAnyHsv = [&]( Random& random ) { return std::make_tuple( makeHsv( random, false ) ); };
+    expectSameBits<T>( 40000, makeRecords<T, Rgb>, toHsv, onNumbers<T>( ZqPlain::convertToHsv<T> ) );
+    expectSameBits<T>( 40000, makeAnyHsv, toRgb, onNumbers<T>( ZqPlain::convertToRgb<T> ) );
+
+    const auto check = [&]( const auto& kernels, Random& random, int run )
+    {
+        // whole blocks of hues that need not be turned, and others
+        const auto make = [&]( Random& ) { return makeHsv( random, run % 2 == 0 ); };
+        expectSameArray<T>(
+            random, 10000, makeRecord<T, Rgb>, [&]( auto... items ) { kernels.convertFromRgb( items... ); }, toHsv );
+        expectSameArray<T>(
+            random, 10000, make, [&]( auto... items ) { kernels.convertToRgb( items... ); }, toRgb );
+    };
+    forEachLevel( Detail::findCoKernels<T>, 2, check );
 }
 
 } // namespace
