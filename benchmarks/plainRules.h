@@ -1,6 +1,7 @@
 #ifndef ZQ_BENCHMARKS_PLAINRULES_H
 #define ZQ_BENCHMARKS_PLAINRULES_H
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <cstddef>

@@ -1,4 +1,4 @@
-// The inverse, the determinant and the meaning of singular, which all matrices share. inverseBitsTest.cpp compares the
+// The inverse, the determinant and the meaning of singular, which all matrices share. arithmeticBitsTest.cpp compares the
 // bits with those of the plain decomposition.
 
 #include "support/matrixReference.h"
