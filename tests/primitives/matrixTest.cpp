@@ -1,4 +1,5 @@
-// Linear, affine and projective matrices by themselves; inverses and products have files of their own.
+// Linear, affine and projective matrices by themselves; products have a file of their own. arithmeticBitsTest.cpp
+// compares the bits of the inverse with those of the plain decomposition.
 
 #include "support/matrixReference.h"
 #include "support/prelude.h"
@@ -39,31 +40,111 @@ ZQ_TWIN_TEST( Matrix, LinearIsStoredByRowsTheOthersByColumnsWhateverTheyWereMade
     static_assert( !std::is_convertible_v<GeAffineMatrix3<T>, GeProjectiveMatrix3<T>> );
 }
 
-ZQ_TWIN_TEST( Matrix, TransposesAndMinorsOfIntegersAreExact )
+// Integers: minors, and so the determinant, are exact.
+ZQ_TWIN_TEST( Matrix, MinorsDeterminantAndInverseBelongTogether )
 {
-    Random random( 42 );
-    for ( int i = 0; i < 300; ++i )
+    using Projective = GeProjectiveMatrix3<T>;
+    // a minor of an odd place lacks the sign of the cofactor where `oddSign` is -1
+    const auto expectMinors = []( const auto& m, T oddSign )
     {
-        const auto l = randomIntegers<GeLinearMatrix3<T>>( random, 9 );
-        const auto a = randomIntegers<GeAffineMatrix3<T>>( random, 9 );
-        const auto p = randomIntegers<GeProjectiveMatrix3<T>>( random, 9 ), full = GeProjectiveMatrix3<T>( a );
-        forEachPlace<3>(
+        constexpr int n = ZqTest::columnCount<std::decay_t<decltype( m )>>;
+        ZqTest::Rows<T, n> cofactors{};
+        forEachPlace<n>(
             [&]( int r, int c )
             {
-                EXPECT_EQ( l.computeTranspose()( c, r ), l( r, c ) );
-                EXPECT_EQ(
-                    l.computeAdjoint()( r, c ), minorOf( toRows<T, 3>( l ), r, c ) * ( ( r + c ) % 2 ? -1 : 1 ) );
+                EXPECT_EQ( m.computeTranspose()( c, r ), m( r, c ) );
+                cofactors( c, r ) = m.computeAdjoint()( r, c ) * ( ( r + c ) % 2 ? oddSign : 1 );
             } );
-        // the projective matrix has plain minors: no checkerboard of signs
-        forEachPlace<4>(
-            [&]( int r, int c )
-            {
-                EXPECT_EQ( p.computeTranspose()( c, r ), p( r, c ) );
-                EXPECT_EQ( p.computeAdjoint()( r, c ), minorOf( toRows<T, 4>( p ), r, c ) );
-            } );
-        EXPECT_EQ( GeProjectiveMatrix3<T>::computeTranspose( a ), full.computeTranspose() );
-        EXPECT_EQ( GeProjectiveMatrix3<T>::computeAdjoint( a ), full.computeAdjoint() );
+        const auto product = multiply( toRows<T, n>( m ), cofactors );
+        forEachPlace<n>( [&]( int r, int c ) { EXPECT_EQ( product( r, c ), r == c ? product( 0, 0 ) : 0 ); } );
+        return product( 0, 0 );
+    };
+    const auto expectInverse = []( auto m, T determinant )
+    {
+        constexpr int n = ZqTest::columnCount<decltype( m )>;
+        const T bound = 1000 * epsilon<T>;
+        // linear and affine matrices have a formula for the determinant alone, exact here
+        EXPECT_NEAR( m.computeDeterminant(), determinant, ZqTest::rowCount<decltype( m )> == 4 ? bound : 0 );
+        if ( determinant == 0 )
+            return;
+        const auto inverse = m.computeInverse();
+        const auto product = multiply( toRows<T, n>( m ), toRows<T, n>( inverse ) );
+        forEachPlace<n>( [&]( int r, int c ) { EXPECT_NEAR( product( r, c ), T( r == c ), bound ); } );
+        // the destination may be the source
+        T found = 0;
+        m.computeInverseAndDeterminant( m, found );
+        EXPECT_EQ( m, inverse );
+        EXPECT_NEAR( found, determinant, bound );
+    };
+    Random random( 11 );
+    for ( int i = 0; i < 3000; ++i )
+    {
+        const auto l = randomIntegers<GeLinearMatrix3<T>>( random, 3 );
+        const auto a = randomIntegers<GeAffineMatrix3<T>>( random, 3 );
+        const auto p = randomIntegers<Projective>( random, 3 ), full = Projective( a );
+        expectInverse( l, expectMinors( l, T( 1 ) ) );
+        expectInverse( p, expectMinors( p, T( -1 ) ) );
+        expectInverse( a, expectMinors( full, T( -1 ) ) );
+        EXPECT_EQ( Projective::computeTranspose( a ), full.computeTranspose() );
+        EXPECT_EQ( Projective::computeAdjoint( a ), full.computeAdjoint() );
     }
+}
+
+ZQ_TWIN_TEST( Matrix, WhatCountsAsSingular )
+{
+    const T limit = sizeof( T ) == sizeof( float ) ? T( 1e-6F ) : T( 1e-7 ), nan = ZqTest::nan<T>;
+    const T step = sizeof( T ) == sizeof( float ) ? T( 0x1p-20F ) : T( 0x1p-24 ); // the limit rounded down
+    const auto check = [&]( const auto& identity )
+    {
+        constexpr int n = ZqTest::rowCount<std::decay_t<decltype( identity )>>, last = n - 1;
+        const auto isSingularWith = [&]( std::initializer_list<std::tuple<int, int, T>> elements )
+        {
+            auto m = identity, inverse = identity;
+            for ( const auto& [row, column, value] : elements )
+                m( row, column ) = value;
+            T determinant = 42;
+            m.computeInverseAndDeterminant( inverse, determinant );
+            const bool isLeftAlone = inverse == identity && determinant == 42;
+            EXPECT_TRUE( n == 3 || !isLeftAlone || m.computeDeterminant() == 0 );
+            return isLeftAlone;
+        };
+        // the largest magnitude of a row is strictly below the limit
+        for ( int row = 0; row < n; ++row )
+        {
+            EXPECT_FALSE( isSingularWith( { { row, row, -limit } } ) );
+            EXPECT_TRUE( isSingularWith( { { row, row, std::nextafter( -limit, T( 0 ) ) } } ) );
+        }
+        // although the pivot would be 1.7 times the limit
+        EXPECT_TRUE( isSingularWith( { { 0, 1, 8 }, { 1, 0, T( -0.1 ) * limit }, { 1, 1, T( 0.9 ) * limit } } ) );
+        // a pivot, with all rows of magnitude 1: the second row minus the first leaves only the step
+        for ( const int steps : { 0, 1, 2 } )
+            EXPECT_EQ( isSingularWith( { { 0, 1, 1 }, { 1, 0, 1 }, { 1, 1, 1 + T( steps ) * step } } ), steps < 2 );
+        // of equal weights the later row is the pivot, here of half and of twice the limit
+        EXPECT_TRUE( isSingularWith( { { 0, 0, limit * 2 }, { 0, 2, 4 }, { 1, 0, limit / 2 } } ) );
+        EXPECT_FALSE( isSingularWith( { { 0, 0, limit / 2 }, { 0, 1, 1 }, { 1, 0, limit * 2 }, { 1, 2, 4 } } ) );
+        // a row that makes room for a pivot gets the weight of the other: by its own it would lose against row 1
+        EXPECT_FALSE( isSingularWith( { { 0, 0, 0 }, { 0, 1, limit * 2 }, { 0, 2, 8 }, { 1, 1, limit / 2 }, { 1, 2, 1 },
+            { 2, 0, 1 }, { 2, 2, 0 } } ) );
+        // a row of nothing but NaN counts as zero; a NaN is no pivot, even where nothing but zeros is left
+        EXPECT_TRUE( isSingularWith( { { 1, 0, nan }, { 1, 1, nan }, { 1, 2, nan }, { 1, last, nan } } ) );
+        EXPECT_TRUE( isSingularWith( { { 0, 0, 0 }, { 0, 1, 1 }, { last, 0, nan } } ) );
+    };
+    check( GeLinearMatrix3<T>() );
+    check( GeAffineMatrix3<T>() );
+    check( GeProjectiveMatrix3<T>() );
+}
+
+ZQ_TWIN_TEST( Matrix, SingularAffineStillWritesTheTranslation )
+{
+    const GeLinearMatrix3<T> singular( 1, 2, 3, 2, 4, 6, 0, 0, 1 );
+    GeAffineMatrix3<T> self( singular, GeVector3<T>( 1, 1, 2 ) ), other;
+    T determinant = 42;
+    // into another: that one's block is left alone and applied
+    self.computeInverseAndDeterminant( other, determinant );
+    EXPECT_EQ( other, ( GeAffineMatrix3<T>( GeLinearMatrix3<T>(), GeVector3<T>( -1, -1, -2 ) ) ) );
+    // into itself: its own block, applied to the translation that it had
+    self.computeInverseAndDeterminant( self, determinant );
+    EXPECT_EQ( self, ( GeAffineMatrix3<T>( singular, GeVector3<T>( -9, -18, -2 ) ) ) );
 }
 
 // Where rounding decides, the stated grouping shows: the terms are s^3, 1 and -s^3.
@@ -79,7 +160,7 @@ ZQ_TWIN_TEST( Matrix, DeterminantLosesTheMiddleTermAndMinorsAddItLast )
 
 ZQ_TWIN_TEST( Matrix, IdentityAndZero )
 {
-    const GeLinearMatrix3<T> identity;
+    const GeLinearMatrix3<T> identity, zero( 0, 0, 0, 0, 0, 0, 0, 0, 0 );
     GeLinearMatrix3<T> l( 2, 2, 2, 2, 2, 2, 2, 2, 2 );
     GeAffineMatrix3<T> a( l, GeVector3<T>( 2, 2, 2 ) );
     GeProjectiveMatrix3<T> p( a );
@@ -98,21 +179,19 @@ ZQ_TWIN_TEST( Matrix, IdentityAndZero )
         } );
     l.setZero();
     a.setZero();
-    EXPECT_EQ( l, ( GeLinearMatrix3<T>( 0, 0, 0, 0, 0, 0, 0, 0, 0 ) ) );
-    EXPECT_EQ( GeProjectiveMatrix3<T>( a ), GeProjectiveMatrix3<T>( l ) );
+    EXPECT_TRUE( l == zero && a == GeAffineMatrix3<T>( zero ) );
 }
 
 ZQ_TWIN_TEST( Matrix, HomogeneousArithmeticTreatsFourComponentsAlike )
 {
     using Coord = GeHomogeneousCoord3<T>;
     const Coord a( 1, 2, 3, 4 ), b( 10, -20, 30, -40 );
-    Coord c;
-    EXPECT_TRUE( a + b == Coord( 11, -18, 33, -36 ) && a - b == Coord( -9, 22, -27, 44 ) && c == a - a );
-    EXPECT_TRUE( a * T( 3 ) == Coord( 3, 6, 9, 12 ) && -a == Coord( -1, -2, -3, -4 ) );
-    EXPECT_TRUE( ( c += a ) == a && ( c -= b ) == a - b && ( c *= T( 4 ) ) == ( a - b ) * T( 4 ) );
+    Coord c = a * T( 49 );
+    EXPECT_TRUE( a + b == Coord( 11, -18, 33, -36 ) && a - b == Coord( -9, 22, -27, 44 ) );
+    EXPECT_TRUE( c == Coord( 49, 98, 147, 196 ) && -a == Coord( -1, -2, -3, -4 ) );
     // one reciprocal: 49 * ( 1 / 49 ) falls short of 1
-    EXPECT_EQ( ( c = a * T( 49 ) ) /= T( 49 ), a * T( 49 ) * ( T( 1 ) / T( 49 ) ) );
-    EXPECT_EQ( a * T( 49 ) / T( 49 ), c );
+    EXPECT_TRUE( c / T( 49 ) == c * ( T( 1 ) / T( 49 ) ) && ( c /= T( 49 ) ) == a * T( 49 ) / T( 49 ) );
+    EXPECT_TRUE( ( ( c = a ) += b ) == a + b && ( c -= b ) == a && ( c *= T( 3 ) ) == a * T( 3 ) );
 }
 
 } // namespace

@@ -65,27 +65,6 @@ Rows<T, n> multiply( const Rows<T, n>& a, const Rows<T, n>& b )
     return product;
 }
 
-/// The determinant of the matrix without one row and one column, by expansion. Exact for integers.
-template <class T, int n>
-T minorOf( const Rows<T, n>& m, int row, int column )
-{
-    Rows<T, n - 1> rest{};
-    forEachPlace<n - 1>( [&]( int r, int c ) { rest( r, c ) = m( r < row ? r : r + 1, c < column ? c : c + 1 ); } );
-    return determinantOf( rest );
-}
-
-template <class T, int n>
-T determinantOf( const Rows<T, n>& m )
-{
-    if constexpr ( n == 1 )
-        return m( 0, 0 );
-    T sum = 0;
-    if constexpr ( n > 1 )
-        for ( int c = 0; c < n; ++c )
-            sum += ( c % 2 ? -1 : 1 ) * m( 0, c ) * minorOf( m, 0, c );
-    return sum;
-}
-
 } // namespace ZqTest
 
 #endif
