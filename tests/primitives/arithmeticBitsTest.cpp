@@ -31,8 +31,11 @@ ZQ_TWIN_TEST( ArithmeticBits, quaternions )
         auto [a, b] = makePair( random );
         a.normalize();
         b.normalize();
+        const T factors[] = { T( 1 ), T( -1 ), T( 0.999999F ) };
+        if ( random.index( 4 ) == 0 )
+            a = Quaternion();
         if ( random.index( 8 ) == 0 )
-            b = random.index( 2 ) == 0 ? a : -a;
+            b = a * factors[random.index( 3 )];
         return std::make_tuple( a, b, random.uniform( T( -1 ), T( 2 ) ), T( random.index( 3 ) - 1 ) );
     };
     expectSameBits<T>( REPEATS, makeBlend, Quaternion::slerp,

@@ -39,10 +39,11 @@ protected:
     int_type overflow( int_type ) override { return breakOff(); }
     int_type underflow() override
     {
-        const std::size_t count = std::min( _area.size(), _text.size() - _nbGiven );
-        setg( _text.data() + _nbGiven, _text.data() + _nbGiven, _text.data() + _nbGiven + count );
-        _nbGiven += count;
-        return count == 0 ? breakOff() : traits_type::to_int_type( *gptr() );
+        _given = _text.substr( _nbGiven, _area.size() );
+        _nbGiven += _given.size();
+        _given += ','; // behind the end, as if a number ended there
+        setg( _given.data(), _given.data(), &_given.back() );
+        return gptr() == egptr() ? breakOff() : traits_type::to_int_type( *gptr() );
     }
     int sync() override
     {
@@ -53,7 +54,7 @@ protected:
 private:
     int_type breakOff() const { return _doesThrow ? throw 42 : traits_type::eof(); }
 
-    std::string _text, _area;
+    std::string _text, _given, _area;
     std::size_t _nbGiven = 0;
     bool _doesThrow;
     int _nbSyncs = 0;
@@ -73,6 +74,7 @@ const Setter setters[] = {
     []( std::ios& stream ) { stream.unsetf( std::ios_base::skipws ); },
     []( std::ios& stream ) { stream.imbue( std::locale( std::locale::classic(), new CommaPunct ) ); },
     []( std::ios& stream ) { stream.setstate( std::ios_base::eofbit ); },
+    []( std::ios& stream ) { stream.rdbuf( nullptr ); },
     []( std::ios& ) { std::fesetround( FE_UPWARD ); },
 };
 
