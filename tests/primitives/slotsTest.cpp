@@ -25,7 +25,9 @@ void expectSlots( std::size_t first, Members... members )
         EXPECT_EQ( slot, first++ );
 }
 
-TEST( Slots, OfTheServices )
+ZQ_TWIN_SUITE( Slots );
+
+ZQ_TWIN_TEST( Slots, OfServicesAndFaceBuilders )
 {
     using Info = DbgBuildInfo; // the destructor comes last
     expectSlots( 0, &Info::getProjectName, &Info::getMajorVersion, &Info::getMinorVersion, &Info::getReleaseStage,
@@ -36,12 +38,6 @@ TEST( Slots, OfTheServices )
     expectSlots( 2, add, &Package::removeDependency, &Package::getName, &Package::initialize, &Package::shutdown,
         &Package::setInitialized );
     expectSlots( 0, &TraceManager::getTrace, &TraceManager::output );
-}
-
-ZQ_TWIN_SUITE( FaceBuilderSlots );
-
-ZQ_TWIN_TEST( FaceBuilderSlots, AfterTheDestructor )
-{
     using Line = GeLineFaceBuilder<T>;
     expectSlots( 2, &Line::beginFace, &Line::beginContour, &Line::addLine, &Line::endContour, &Line::endFace );
     using Bezier = GeBezier3FaceBuilder<T>;

@@ -7,52 +7,27 @@
 namespace
 {
 
-template <class Vector>
-struct Kind
-{
-    using T = std::decay_t<decltype( Vector()[0] )>;
-    static constexpr int n = sizeof( Vector ) / sizeof( T );
-    using Point = std::conditional_t<n == 2, GePoint2<T>, GePoint3<T>>;
-    using Unit = std::conditional_t<n == 2, GeUnitVector2<T>, GeUnitVector3<T>>;
-};
-
-template <class Vector>
-Vector makeVector( Random& random, double size )
+template <class Vector, class T>
+Vector makeVector( Random& random, T size )
 {
     Vector v;
-    for ( int axis = 0; axis < Kind<Vector>::n; ++axis )
-        v[axis] = static_cast<typename Kind<Vector>::T>( random.uniform( -size, size ) );
+    for ( std::size_t axis = 0; axis < sizeof( Vector ) / sizeof( T ); ++axis )
+        v[int( axis )] = random.uniform( -size, size );
     return v;
 }
 
-template <class Vector>
-class Vectors : public ::testing::Test
+/// Each component, in the stated order.
+template <class T, class Vector, class Point>
+void expectOperations()
 {
-};
-using Kinds = ::testing::Types<GeVector2<float>, GeVector2<double>, GeVector3<float>, GeVector3<double>>;
-struct KindNames
-{
-    template <class Vector>
-    static std::string GetName( int index )
-    {
-        return ( index < 2 ? "plane_" : "space_" ) + ZqTest::ScalarNames::GetName<typename Kind<Vector>::T>( 0 );
-    }
-};
-TYPED_TEST_SUITE( Vectors, Kinds, KindNames );
-
-TYPED_TEST( Vectors, OperationsTakeEachComponentInTheirStatedOrder )
-{
-    using Vector = TypeParam;
-    using T = typename Kind<Vector>::T;
-    using Point = typename Kind<Vector>::Point;
-    constexpr int n = Kind<Vector>::n;
+    constexpr int n = sizeof( Vector ) / sizeof( T );
     Random random( 1 );
     for ( int i = 0; i < 1000; ++i )
     {
-        const Vector a = makeVector<Vector>( random, 10 ), b = makeVector<Vector>( random, 10 );
+        const Vector a = makeVector<Vector, T>( random, 10 ), b = makeVector<Vector, T>( random, 10 );
         const Vector least = Vector::computeMin( a, b ), most = Vector::computeMax( a, b );
         const Point p( a ), q( b );
-        const T factor = T( random.uniform( 1.0, 50.0 ) );
+        const T factor = random.uniform<T>( 1, 50 );
         T dot = 0, sum = 0, largest = 0;
         for ( int axis = 0; axis < n; ++axis )
         {
@@ -79,16 +54,14 @@ TYPED_TEST( Vectors, OperationsTakeEachComponentInTheirStatedOrder )
     }
 }
 
-TYPED_TEST( Vectors, LengthsAnglesAndReflections )
+template <class T, class Vector, class Unit>
+void expectLengthsAnglesAndReflections()
 {
-    using Vector = TypeParam;
-    using T = typename Kind<Vector>::T;
-    using Unit = typename Kind<Vector>::Unit;
     Random random( 2 );
     for ( int i = 0; i < 5000; ++i )
     {
         // over the working range
-        const Vector a = makeVector<Vector>( random, 1 ), b = makeVector<Vector>( random, 5 );
+        const Vector a = makeVector<Vector, T>( random, 1 ), b = makeVector<Vector, T>( random, 5 );
         const T scale = static_cast<T>( std::pow( 10.0, random.uniform( -18.0, 18.0 ) ) );
         Vector direction = a * scale;
         const T length = direction.length();
@@ -111,7 +84,7 @@ TYPED_TEST( Vectors, LengthsAnglesAndReflections )
     }
     Vector v;
     EXPECT_TRUE( v.normalize() == 0 && v == Vector() && Unit().length() == 0 );
-    const Vector other = makeVector<Vector>( random, 1 );
+    const Vector other = makeVector<Vector, T>( random, 1 );
     EXPECT_TRUE( other.computeAngle( v ) == 0 && v.computeAngle( other ) == 0 );
     // the squared length overflows: stored as zero, and no report
     v[0] = v[1] = std::numeric_limits<T>::max() / 2;
@@ -121,15 +94,19 @@ TYPED_TEST( Vectors, LengthsAnglesAndReflections )
     static_assert( !std::is_convertible_v<Vector, Unit> && std::is_convertible_v<Unit, Vector> );
 }
 
-template <class V, class = void>
-constexpr bool hasLength = false;
-template <class V>
-constexpr bool hasLength<V, std::void_t<decltype( std::declval<V>().length() )>> = true;
+ZQ_TWIN_SUITE( Vectors );
 
-TEST( VectorsOfInt, ArithmeticIsExactAndNothingTakesARoot )
+ZQ_TWIN_TEST( Vectors, OfThePlaneAndOfSpace )
+{
+    expectOperations<T, GeVector2<T>, GePoint2<T>>();
+    expectOperations<T, GeVector3<T>, GePoint3<T>>();
+    expectLengthsAnglesAndReflections<T, GeVector2<T>, GeUnitVector2<T>>();
+    expectLengthsAnglesAndReflections<T, GeVector3<T>, GeUnitVector3<T>>();
+}
+
+TEST( VectorsOfInt, ArithmeticIsExact )
 {
     using Vector = GeVector2<int>;
-    static_assert( hasLength<GeVector2<float>> && !hasLength<Vector> );
     const Vector v( 3, -5 ), w( -7, -2 );
     EXPECT_TRUE( v.dot( w ) == -11 && v.cross( w ) == -41 && v.computePerpendicular() == Vector( 5, 3 ) );
     EXPECT_TRUE( Vector::computeMin( v, w ) == Vector( -7, -5 ) && Vector::computeMax( v, w ) == Vector( 3, -2 ) );
