@@ -28,22 +28,22 @@ ZQ_TWIN_TEST( IntervalTwins, OperationsAgreeWithPointSets )
     for ( int code = 0; code < 5 * 5 * 5 * 5; ++code )
     {
         const I a( T( code % 5 ), T( code / 5 % 5 ) ), b( T( code / 25 % 5 ), T( code / 125 ) );
-        const unsigned inA[2] = { getSteps( a, false ), getSteps( a, true ) };
-        const unsigned inB[2] = { getSteps( b, false ), getSteps( b, true ) };
-        const auto expected = [&]( int open )
+        const unsigned inA = getSteps( a, false ), inB = getSteps( b, false );
+        const unsigned openA = getSteps( a, true ), openB = getSteps( b, true );
+        const auto compare = []( unsigned x, unsigned y ) // equal intervals are inside
         {
-            if ( ( inA[open] & ~inB[open] ) == 0 || ( inA[open] & inB[open] ) == 0 )
-                return inA[open] & inB[open] ? I::INSIDE : I::OUTSIDE; // equal intervals are inside
-            return inB[open] & ~inA[open] ? I::OVERLAP : I::CONTAIN;
+            if ( ( x & ~y ) == 0 || ( x & y ) == 0 )
+                return x & y ? I::INSIDE : I::OUTSIDE;
+            return y & ~x ? I::OVERLAP : I::CONTAIN;
         };
-        EXPECT_TRUE( a.isEmpty() == ( inA[0] == 0 ) && a.isNotEmpty() == !a.isEmpty() );
-        EXPECT_TRUE( a.hasVolume() == ( inA[1] != 0 ) && a.getLength() == a.max - a.min );
-        EXPECT_EQ( getSteps( I( a ).intersect( b ), false ), inA[0] & inB[0] );
+        EXPECT_TRUE( a.isEmpty() == ( inA == 0 ) && a.isNotEmpty() == !a.isEmpty() );
+        EXPECT_TRUE( a.hasVolume() == ( openA != 0 ) && a.getLength() == a.max - a.min );
+        EXPECT_EQ( getSteps( I( a ).intersect( b ), false ), inA & inB );
         if ( a.isEmpty() || b.isEmpty() )
             continue;
-        EXPECT_EQ( a.classify( b ), expected( 0 ) ) << code;
-        EXPECT_TRUE( a.classifyExclude( b ) == expected( 1 ) || !a.hasVolume() || !b.hasVolume() ) << code;
-        EXPECT_EQ( a.contains( b ), ( inB[0] & ~inA[0] ) == 0 );
+        EXPECT_EQ( a.classify( b ), compare( inA, inB ) ) << code;
+        EXPECT_TRUE( a.classifyExclude( b ) == compare( openA, openB ) || !a.hasVolume() || !b.hasVolume() ) << code;
+        EXPECT_EQ( a.contains( b ), ( inB & ~inA ) == 0 );
         EXPECT_EQ( a.containsExclude( b ), a.containsExclude( b.min ) && a.containsExclude( b.max ) );
         const I hull( std::min( a.min, b.min ), std::max( a.max, b.max ) );
         EXPECT_TRUE( I( a ).extend( b ) == hull && a.extended( b.min ).extend( b.max ) == hull );
@@ -57,9 +57,8 @@ ZQ_TWIN_TEST( IntervalTwins, PointsAsOpenRangesEmptyAndNaN )
     const T nan = ZqTest::nan<T>;
     const I unit( 0, 1 ), point( 1, 1 );
     EXPECT_TRUE( point.classifyExclude( { 0, 2 } ) == I::INSIDE && I( 0, 2 ).classifyExclude( point ) == I::CONTAIN );
-    for ( const I& other : { point, I( 1, 2 ), I( 2, 3 ) } )
-        EXPECT_TRUE( point.classifyExclude( other ) == I::OUTSIDE && other.classifyExclude( point ) == I::OUTSIDE );
-    for ( const I& none : { I::makeEmpty(), I( nan, nan ), I( 0, nan ), I( nan, 1 ) } )
+    EXPECT_TRUE( point.classifyExclude( point ) == I::OUTSIDE && point.classifyExclude( { 1, 2 } ) == I::OUTSIDE );
+    for ( const I& none : { I::makeEmpty(), I( 0, nan ), I( nan, 1 ) } )
     {
         EXPECT_TRUE( none.classify( unit ) == I::OUTSIDE && none.classifyExclude( unit ) == I::OUTSIDE );
         EXPECT_TRUE( unit.classify( none ) == I::OUTSIDE && !none.contains( T( 0.5 ) ) && !none.hasVolume() );

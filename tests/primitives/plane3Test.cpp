@@ -5,6 +5,7 @@
 namespace
 {
 
+// Rays are compared bit for bit with the plain rule in arithmeticBitsTest.cpp.
 ZQ_TWIN_SUITE( Plane3 );
 
 template <class T>
@@ -16,7 +17,7 @@ GeNormalizedPlane3<T> fit( const std::vector<GePoint3<T>>& polygon )
     return builder.getPlane();
 }
 
-ZQ_TWIN_TEST( Plane3, NormalizingLeavesThePlaneInPlaceAndRaysEndOnIt )
+ZQ_TWIN_TEST( Plane3, NormalizingLeavesThePlaneInPlace )
 {
     Random random( 1 );
     const double eps = double( epsilon<T> );
@@ -25,16 +26,11 @@ ZQ_TWIN_TEST( Plane3, NormalizingLeavesThePlaneInPlaceAndRaysEndOnIt )
         const GePlane3<T> plane( random.vector<T>( 10 ), random.uniform<T>( -20, 20 ) );
         GeNormalizedPlane3<T> unit( plane );
         const GeVector3<double> normal( plane.getNormal() );
-        const GePoint3<T> p = random.point<T>( 10 ), q = random.point<T>( 10 );
-        const double length = normal.length(), drop = normal.dot( GeVector3<double>( p - q ) );
+        const GePoint3<T> p = random.point<T>( 10 );
+        const double length = normal.length();
         const double value = normal.dot( GeVector3<double>( GeVector3<T>( p ) ) ) + double( plane.getOffset() );
         EXPECT_NEAR( double( plane.computeValue( p ) ), value, 2000 * eps );
         EXPECT_NEAR( double( unit.computeValue( p ) ), value / length, 100 * eps * ( 1 + 1 / length ) );
-        T t = 0;
-        // values change evenly along a line
-        const bool isSteep = std::fabs( drop ) > length;
-        const bool meets = unit.intersectRay( p, q - p, t );
-        EXPECT_TRUE( !isSteep || ( meets && std::fabs( t - value / drop ) < 3000 * eps * ( 1 + 1 / length ) ) );
         const GeNormalizedPlane3<T> before = unit;
         unit.flip();
         EXPECT_EQ( unit.computeValue( p ), -before.computeValue( p ) );
@@ -42,37 +38,11 @@ ZQ_TWIN_TEST( Plane3, NormalizingLeavesThePlaneInPlaceAndRaysEndOnIt )
         const GeUnitVector3<T> direction = random.direction<T>();
         EXPECT_EQ( GeNormalizedPlane3<T>( direction, 3 ).getNormal(), direction );
     }
-    // the offset is divided, not multiplied by a reciprocal, which gives less than 1 for 41 in float and 49 in double
-    for ( const T n : { T( 41 ), T( 49 ) } )
-        EXPECT_EQ( GeNormalizedPlane3<T>( 0, n, 0, n ).getOffset(), T( 1 ) );
     EXPECT_EQ( GeNormalizedPlane3<T>(), ( GeNormalizedPlane3<T>( GePlane3<T>( 0, 0, 1, 0 ) ) ) );
     EXPECT_EQ( GePlane3<T>(), ( GePlane3<T>( 0, 0, 1, 0 ) ) );
     // neither NaN nor an overflowing length counts as zero
     EXPECT_TRUE( std::isnan( GeNormalizedPlane3<T>( 0, ZqTest::nan<T>, 0, 1 ).getNormal().getX() ) );
     EXPECT_EQ( GeNormalizedPlane3<T>( std::numeric_limits<T>::max(), 0, 0, 1 ).getNormal(), GeVector3<T>() );
-}
-
-ZQ_TWIN_TEST( Plane3, ParallelBehindAndNaNRays )
-{
-    const T nan = ZqTest::nan<T>, tiny = sizeof( T ) == sizeof( float ) ? T( 5e-7F ) : T( 5e-8 ), untouched = 7;
-    // a plane across x with a normal of length 2; it is scaled to be met, but the offset is not
-    for ( const auto& [start, direction, expected] : {
-              std::tuple( T( 3 ), T( 1 ), T( -1 ) ),
-              { 0, -2, -1 },
-              { 0, tiny, untouched },
-              { 0, -tiny, untouched },
-              { 0, T( 0.03125 ), 64 },
-              { 0, nan, nan },
-              { nan, 1, nan },
-          } )
-    {
-        T t = untouched;
-        const bool meets = GePlane3<T>( 2, 0, 0, -2 ).intersectRay( { start, 5, 5 }, { direction, 0, 0 }, t );
-        EXPECT_EQ( meets, expected != untouched );
-        EXPECT_TRUE( t == expected || ( std::isnan( t ) && std::isnan( expected ) ) ) << t;
-    }
-    T t = untouched;
-    EXPECT_FALSE( GePlane3<T>( 0, 0, 0, 1 ).intersectRay( GePoint3<T>(), GeVector3<T>( 1, 2, 3 ), t ) );
 }
 
 // By another road than Newell's: the cross products of a fan of triangles, summed, and the mean of the vertices.

@@ -1,5 +1,4 @@
-#include "support/collectingTraceManager.h"
-#include "support/prelude.h"
+#include "support/bits.h"
 
 #include <zq/primitives/geShaft.h>
 
@@ -25,14 +24,15 @@ Box randomBox( Random& random, float size )
     return { center - half, center + half };
 }
 
-/// A pair of boxes that shares some coordinates, so that every kind of plane set comes up.
-void randomPair( Random& random, Box& a, Box& b )
+/// Between boxes that share some coordinates, so that every kind of plane set comes up.
+GeShaft randomShaft( Random& random )
 {
-    a = randomBox( random, 4 );
-    b = randomBox( random, 4 );
+    const Box a = randomBox( random, 4 );
+    Box b = randomBox( random, 4 );
     for ( int axis = 0; axis < 3; ++axis )
         if ( random.index( 4 ) == 0 )
             b.setInterval( axis, a.getInterval( axis ) );
+    return { a, b };
 }
 
 /// In the box and around it by a share of its size; one coordinate in three on the boundary.
@@ -68,12 +68,9 @@ bool isInProjectedHull( const Box& a, const Box& b, int axis, const Point& p, do
 TEST( Shaft, HoldsExactlyTheHullOfTheBoxesAsSeenAlongEachAxis )
 {
     Random random( 1 );
-    int seen[2] = {};
     for ( int i = 0; i < 600; ++i )
     {
-        Box a, b;
-        randomPair( random, a, b );
-        const GeShaft shaft( a, b );
+        const GeShaft shaft = randomShaft( random );
         const auto isInHull = [&]( int axis, const Point& p, double slack )
         { return isInProjectedHull( shaft.getRefBox1(), shaft.getRefBox2(), axis, p, slack ); };
         for ( int k = 0; k < 40; ++k )
@@ -82,12 +79,9 @@ TEST( Shaft, HoldsExactlyTheHullOfTheBoxesAsSeenAlongEachAxis )
             const bool isInside = isInHull( 0, p, -1e-3 ) && isInHull( 1, p, -1e-3 ) && isInHull( 2, p, -1e-3 );
             if ( !isInside && isInHull( 0, p, 1e-3 ) && isInHull( 1, p, 1e-3 ) && isInHull( 2, p, 1e-3 ) )
                 continue; // faces that are closer count as one
-            ++seen[isInside];
-            ASSERT_TRUE( shaft.contains( p ) == isInside && shaft.containsExclude( p ) == isInside ) << p << '\n'
-                                                                                                     << shaft;
+            ASSERT_TRUE( shaft.contains( p ) == isInside && shaft.containsExclude( p ) == isInside ) << p << shaft;
         }
     }
-    EXPECT_GT( std::min( seen[0], seen[1] ), 1000 );
 }
 
 // How it is built ------------------------------------------------------------------------------------------------
@@ -108,15 +102,6 @@ TEST( Shaft, BoxesAreWidenedAlongTheirFirstFlatAxisOrAllAround )
     }
 }
 
-TEST( Shaft, NestedEqualAndAlignedBoxesNeedNoPlanes )
-{
-    const Box unit( { 0, 1 }, { 0, 1 }, { 0, 1 } ), around( { -1, 2 }, { -1, 2 }, { -1, 2 } );
-    const GeShaft same( unit, unit ), nested( unit, around ), row( unit, Box( { 3, 4 }, { 0, 1 }, { 0, 1 } ) );
-    EXPECT_TRUE( planesOf( same ).empty() && planesOf( nested ).empty() && planesOf( row ).empty() );
-    EXPECT_TRUE( same.getExtentBox() == same.getRefBox1() && nested.getExtentBox() == nested.getRefBox2() );
-    EXPECT_EQ( row.getExtentBox(), Box( { -0.001F, 4 + 0.001F }, { -0.001F, 1.001F }, { -0.001F, 1.001F } ) );
-}
-
 TEST( Shaft, FacesWithinAThousandthAreOne )
 {
     // Flat in z, so that x and y stay as they are. Box 2 is higher up, and its x bounds are off by these amounts; a
@@ -131,8 +116,6 @@ TEST( Shaft, FacesWithinAThousandthAreOne )
             EXPECT_TRUE( shaft.getExtentBox().getInterval( 0 ) == extent && planesOf( shaft ).size() == nbPlanes )
                 << shaft;
     }
-    const GeShaft above( Box( { -1, 0 }, { 0, 1 }, { 0, 0 } ), Box( { -1, 0.001F }, { 3, 4 }, { 0, 0 } ) );
-    EXPECT_EQ( planesOf( above ).size(), 1U );
 }
 
 // x and y of both boxes are as given; the planes are -2x + 2y - 2 and 2x - 2y - 2 over a square of 3
@@ -148,11 +131,10 @@ TEST( Shaft, ConventionsCrossOnTheBoundary )
     const GeShaft shaft = makeDiagonal();
     using Row = std::tuple<Point, bool, bool>;
     for ( const auto& [p, closed, open] : {
-              Row{ { 1.5F, 2.5F, 0 }, false, true },      // on a plane
-              Row{ { 0, 0.5F, 0 }, true, false },         // on a face of the extent box
-              Row{ { 0, 1, 0 }, true, false },            // on the plane, but a corner of box 1
-              Row{ { 2, 3, 0 }, true, false },            // or of box 2
-              Row{ { 0.125F, 0.96875F, 0 }, true, true }, // between the plane and its corner, in box 1
+              Row{ { 1.5F, 2.5F, 0 }, false, true }, // on a plane
+              Row{ { 0, 0.5F, 0 }, true, false },    // on a face of the extent box
+              Row{ { 0, 1, 0 }, true, false },       // on the plane, but a corner of box 1
+              Row{ { 2, 3, 0 }, true, false },       // or of box 2
               Row{ { ZqTest::nan<float>, 1, 0 }, false, false },
           } )
     {
@@ -180,17 +162,13 @@ TEST( Shaft, ConventionsCrossOnTheBoundary )
 TEST( Shaft, BoxAnswersAgreeWithPointsOfTheBox )
 {
     Random random( 3 );
-    int seen[4] = {};
     for ( int i = 0; i < 30000; ++i )
     {
-        Box a, b;
-        randomPair( random, a, b );
-        const GeShaft shaft( a, b );
+        const GeShaft shaft = randomShaft( random );
         // one in a hundred holds everything, or nearly so
         const Box all( Point( -9, -9, -9 ), Point( 9, 9, random.uniform( 2.0F, 9.0F ) ) );
         const Box box = i % 100 == 0 ? all : randomBox( random, 5 );
         const I::Containment answer = shaft.overlaps( box );
-        ++seen[answer];
         EXPECT_EQ( shaft.overlapsExclude( box ), answer );
         EXPECT_EQ( answer == I::CONTAIN, box.contains( shaft.getExtentBox() ) );
         for ( int k = 0; k < 5; ++k )
@@ -199,7 +177,6 @@ TEST( Shaft, BoxAnswersAgreeWithPointsOfTheBox )
             ASSERT_TRUE( shaft.contains( p ) ? answer != I::OUTSIDE : answer != I::INSIDE ) << p << '\n' << shaft;
         }
     }
-    EXPECT_GT( *std::min_element( seen, seen + 4 ), 10 );
 }
 
 // State, comparison, text ----------------------------------------------------------------------------------------
@@ -207,10 +184,9 @@ TEST( Shaft, BoxAnswersAgreeWithPointsOfTheBox )
 TEST( Shaft, UninitialisedIsEmptyAndInitialisingReplacesEverything )
 {
     GeShaft shaft;
-    const Box everything( { -9, 9 }, { -9, 9 }, { -9, 9 } );
+    const Box all( { -9, 9 }, { -9, 9 }, { -9, 9 } );
     EXPECT_TRUE( shaft.getRefBox1().isEmpty() && shaft.getRefBox2().isEmpty() && shaft.getExtentBox().isEmpty() );
-    EXPECT_FALSE( shaft.contains( Point() ) || shaft.containsExclude( Point() ) );
-    EXPECT_TRUE( shaft.overlaps( everything ) == I::OUTSIDE && shaft.overlapsExclude( everything ) == I::OUTSIDE );
+    EXPECT_TRUE( shaft.overlaps( all ) == I::OUTSIDE && shaft.overlapsExclude( all ) == I::OUTSIDE );
     shaft.initialize( Box( { -5, 5 }, { -1, 1 }, { -1, 1 } ), Box( { -1, 1 }, { -5, 5 }, { -5, 5 } ) );
     EXPECT_EQ( planesOf( shaft ).size(), 8U );
     shaft.initialize( Box( { 0, 1 }, { 0, 1 }, { 0, 0 } ), Box( { 2, 3 }, { 2, 3 }, { 0, 0 } ) );
@@ -220,22 +196,18 @@ TEST( Shaft, UninitialisedIsEmptyAndInitialisingReplacesEverything )
 TEST( Shaft, ComparisonLooksAtBoxesAndPlanes )
 {
     const GeShaft shaft = makeDiagonal();
-    const auto numbers = ZqTest::numbersOf<float>( shaft );
-    for ( std::size_t i = 0; i + 1 < numbers.size(); ++i ) // the last is the number of planes
+    for ( std::size_t i = 0; i < 3 * 6 + 2 * 4; ++i )
     {
-        auto changed = numbers;
-        changed[i] += 0.25F;
-        GeShaft other = shaft;
-        std::memcpy( static_cast<void*>( &other ), changed.data(), sizeof other );
-        const bool isUnused = i >= 3 * 6 + 2 * 4;
-        EXPECT_TRUE( ( shaft == other ) == isUnused && ( shaft != other ) == !isUnused ) << i;
-        EXPECT_TRUE( isEqual( shaft, other, 0.26F ) && isEqual( shaft, other, 0.24F ) == isUnused ) << i;
+        auto numbers = ZqTest::numbersOf<float>( shaft );
+        numbers[i] += 0.25F;
+        const auto other = ZqTest::copyAs<GeShaft>( numbers );
+        EXPECT_TRUE( shaft != other && isEqual( shaft, other, 0.26F ) && !isEqual( shaft, other, 0.24F ) ) << i;
     }
     const Box box = shaft.getRefBox1();
     EXPECT_FALSE( GeShaft( box, box ).isEqual( shaft, 100 ) ); // all is close but the number of planes
 }
 
-TEST( Shaft, TextFollowsTheStreamAndTheTraceTellsFacesThenPlanes )
+TEST( Shaft, TextFollowsTheStream )
 {
     std::ostringstream os;
     os << std::setprecision( 2 ) << makeDiagonal() << GeShaft();
@@ -247,17 +219,6 @@ Plane set=
  [2, -2, 0, -2]
 Uninitialized shaft
 )" );
-    ZqTest::CollectingTraceManager traces( "GeShaft" );
-    makeDiagonal();
-    traces.level->setEnabled( true );
-    // the second plane has to be turned: the point is told before, the plane after
-    const GeShaft shaft( Box( { 2, 3 }, { 0, 1 }, { 0, 0 } ), Box( { 0, 1 }, { 2, 3 }, { 0, 0 } ) );
-    EXPECT_EQ( traces.takeText( "src/primitives/geShaft" ),
-        "\n1 MIN_X =0\n1 MIN_Y =1\n1 MIN_Z =0\n1 MAX_X =1\n1 MAX_Y =0\n1 MAX_Z =0\n"
-        "\n2 MIN_X =1\n2 MIN_Y =0\n2 MIN_Z =0\n2 MAX_X =0\n2 MAX_Y =1\n2 MAX_Z =0\n"
-        "( X=[ 0, 3 ], Y=[ 0, 3 ], Z=[ -0.001, 0.001 ] )\n\n"
-        "point=(2, 0, 0)\nAdding plane [-2, -2, -0, 4] to plane set.\n"
-        "point=(3, 1, 0)\nAdding plane [2, 2, -0, -8] to plane set.\n" );
 }
 
 } // namespace
