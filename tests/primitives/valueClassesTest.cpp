@@ -11,6 +11,8 @@
 #include <zq/primitives/geVector2.h>
 #include <zq/primitives/geXAxisRotation3.h>
 
+using ::testing::PrintToString; // by <<
+
 namespace
 {
 
@@ -58,31 +60,23 @@ ZQ_TWIN_TEST( ValueClasses, ComparisonLooksAtEveryNumber )
     EXPECT_EQ( GeVector3<T>( 0, 1, 0 ), GeVector3<T>( T( -0.0 ), 1, 0 ) );
 }
 
-template <class Value>
-std::string textOf( const Value& value )
-{
-    std::ostringstream os;
-    os << value;
-    return os.str();
-}
-
 // What can be read as well: in the next test. Streams of other states: textBitsTest.cpp.
 ZQ_TWIN_TEST( ValueClasses, Text )
 {
     const T half = T( 0.5 );
     const double rows[4][4] = { { 1, 2, 3, 4 }, { 5, 6, 7, 8 }, { 9, 10, 11, 0.5 }, { 0, 0, -1, 0 } };
     const std::string upperRows = "| 1 2 3 4 |\n| 5 6 7 8 |\n| 9 10 11 0.5 |\n";
-    EXPECT_EQ( textOf( GeAffineMatrix3<T>( rows, false ) ), upperRows + "| 0 0 0 1 |\n" );
-    EXPECT_EQ( textOf( GeProjectiveMatrix3<T>( rows, false ) ), upperRows + "| 0 0 -1 0 |\n" );
-    EXPECT_EQ( textOf( GeXAxisRotation3<T>( half, 2 ) ), "| 1 0 0 |\n| 0 0.5 -2 |\n| 0 2 0.5 |\n" );
-    EXPECT_EQ( textOf( GeScale3<T>( 2, 1, half ) ), "Scale3(2, 1, 0.5)" );
-    EXPECT_EQ( textOf( GeTranslation3<T>( -1, 0, half ) ), "Translation3(-1, 0, 0.5)" );
-    EXPECT_EQ( textOf( GeSphere3<T>( GePoint3<T>( 1, 2, 3 ), half ) ), "GeSphere {(1, 2, 3), 0.5} " );
-    EXPECT_EQ( textOf( GeHomogeneousCoord3<T>( 1, 2, 3, half ) ), "(1, 2, 3, 0.5)" );
-    EXPECT_EQ( textOf( GeAlignedBox3<T>( GePoint3<T>( 0, -half, 2 ), GePoint3<T>( 1, 4, 3 ) ) ),
+    EXPECT_EQ( PrintToString( GeAffineMatrix3<T>( rows, false ) ), upperRows + "| 0 0 0 1 |\n" );
+    EXPECT_EQ( PrintToString( GeProjectiveMatrix3<T>( rows, false ) ), upperRows + "| 0 0 -1 0 |\n" );
+    EXPECT_EQ( PrintToString( GeXAxisRotation3<T>( half, 2 ) ), "| 1 0 0 |\n| 0 0.5 -2 |\n| 0 2 0.5 |\n" );
+    EXPECT_EQ( PrintToString( GeScale3<T>( 2, 1, half ) ), "Scale3(2, 1, 0.5)" );
+    EXPECT_EQ( PrintToString( GeTranslation3<T>( -1, 0, half ) ), "Translation3(-1, 0, 0.5)" );
+    EXPECT_EQ( PrintToString( GeSphere3<T>( GePoint3<T>( 1, 2, 3 ), half ) ), "GeSphere {(1, 2, 3), 0.5} " );
+    EXPECT_EQ( PrintToString( GeHomogeneousCoord3<T>( 1, 2, 3, half ) ), "(1, 2, 3, 0.5)" );
+    EXPECT_EQ( PrintToString( GeAlignedBox3<T>( GePoint3<T>( 0, -half, 2 ), GePoint3<T>( 1, 4, 3 ) ) ),
         "( X=[ 0, 1 ], Y=[ -0.5, 4 ], Z=[ 2, 3 ] )" );
-    EXPECT_EQ( textOf( GeNormalizedPlane3<T>( 2, 0, 0, -1 ) ), "[1, 0, 0, -0.5]" );
-    EXPECT_EQ( textOf( GeFrustum<T>( GeProjectiveMatrix3<T>() ) ),
+    EXPECT_EQ( PrintToString( GeNormalizedPlane3<T>( 2, 0, 0, -1 ) ), "[1, 0, 0, -0.5]" );
+    EXPECT_EQ( PrintToString( GeFrustum<T>( GeProjectiveMatrix3<T>() ) ),
         "\nplane( 0 ) = [1, 0, 0, 1]\nplane( 1 ) = [-1, 0, 0, 1]\nplane( 2 ) = [0, 1, 0, 1]"
         "\nplane( 3 ) = [0, -1, 0, 1]\nplane( 4 ) = [0, 0, 1, 1]\nplane( 5 ) = [0, 0, -1, 1]" );
 }
@@ -103,7 +97,7 @@ Value parse( const std::string& text, Value value, bool shouldFail = false )
 template <class Value>
 void expectText( const std::string& text, const Value& value, const Value& before )
 {
-    EXPECT_EQ( textOf( value ), text );
+    EXPECT_EQ( PrintToString( value ), text );
     std::string spaced;
     for ( std::size_t i = 0; i < text.size(); ++i )
     {
@@ -135,9 +129,6 @@ ZQ_TWIN_TEST( ValueClasses, TextIsReadWholeOrNotAtAll )
     // a zero vector is read without complaint and keeps the direction
     EXPECT_EQ( parse( "(0, 0, 0)", Unit( 0, 1, 0 ) ), Unit( 0, 1, 0 ) );
     EXPECT_EQ( parse( "(0, 0)", GeUnitVector2<T>( 0, 1 ) ), ( GeUnitVector2<T>( 0, 1 ) ) );
-    std::istream noBuffer( nullptr );
-    GeVector3<T>().read( noBuffer );
-    EXPECT_TRUE( noBuffer.bad() && noBuffer.fail() );
 }
 
 } // namespace

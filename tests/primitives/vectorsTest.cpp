@@ -112,8 +112,7 @@ TEST( VectorsOfInt, ArithmeticIsExact )
     EXPECT_TRUE( Vector::computeMin( v, w ) == Vector( -7, -5 ) && Vector::computeMax( v, w ) == Vector( 3, -2 ) );
     EXPECT_TRUE( v * 3 - 2 * v == v && v.computeAbsSum() == 8 && v.computeMaxAbs() == 5 );
     EXPECT_EQ( Vector( GeVector2<double>( 2.9, -2.9 ) ), Vector( 2, -2 ) );
-    const GeUnitVector2<double> unit( 3, -5 );
-    EXPECT_EQ( unit.computePerpendicular(), GeUnitVector2<double>( 5, 3 ) );
+    EXPECT_EQ( GeUnitVector2<double>( 3, -5 ).computePerpendicular(), GeUnitVector2<double>( 5, 3 ) );
 }
 
 } // namespace

@@ -18,9 +18,8 @@ public:
     template <class T>
     T uniform( T lower, T upper )
     {
-        const double low = static_cast<double>( lower );
-        const double fraction = static_cast<double>( _engine() ) / 4294967296.0;
-        return static_cast<T>( low + ( static_cast<double>( upper ) - low ) * fraction );
+        const double low = static_cast<double>( lower ), range = static_cast<double>( upper ) - low;
+        return static_cast<T>( low + range * ( static_cast<double>( _engine() ) / 4294967296.0 ) );
     }
 
     /// In [0, count).
@@ -29,10 +28,7 @@ public:
     template <class T>
     Zq::GeVector3<T> vector( T size )
     {
-        const T x = uniform<T>( -size, size );
-        const T y = uniform<T>( -size, size );
-        const T z = uniform<T>( -size, size );
-        return { x, y, z };
+        return { uniform( -size, size ), uniform( -size, size ), uniform( -size, size ) };
     }
 
     template <class T>
