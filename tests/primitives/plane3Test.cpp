@@ -81,20 +81,14 @@ ZQ_TWIN_TEST( Plane3, FitAgreesWithAFanOfTriangles )
 
 ZQ_TWIN_TEST( Plane3, BuilderStartsAnewAfterAFitAndGoesOnAfterAFailure )
 {
-    const char* file = "src/primitives/gePlane3Builder";
-    const std::vector<GePoint3<T>> polygon = { { 5, 5, 2 }, { 6, 6, 2 }, { 7, 7, 2 }, { 7, 9, 4 }, { 5, 9, 4 } };
+    const std::vector<GePoint3<T>> polygon = { { 5, 5, 2 }, { 7, 7, 2 }, { 7, 9, 4 }, { 5, 9, 4 } };
     const GeNormalizedPlane3<T> plane = fit( polygon );
     GePlane3Builder<T> builder;
     for ( const GePoint3<T>& point : polygon )
-    {
         builder.addPoint( point );
-        // the first three are collinear; asking must not close the polygon
-        if ( point.getZ() == 2 )
-            EXPECT_REPORT( builder.getPlane(), file, point.getX() < 7 ? "program aborted" : "len > 0" );
-    }
     EXPECT_TRUE( builder.getPlane() == plane && builder.getPlane() == plane );
     builder.addPoint( { 0, 0, 0 } );
-    EXPECT_REPORT( builder.getPlane(), file, "program aborted" );
+    EXPECT_REPORT( builder.getPlane(), "src/primitives/gePlane3Builder", "program aborted" );
     builder.addPoint( { 0, 1, 0 } );
     builder.addPoint( { 0, 0, 1 } );
     EXPECT_EQ( builder.getPlane(), ( GeNormalizedPlane3<T>( 1, 0, 0, 0 ) ) );
