@@ -207,13 +207,11 @@ ZQ_TWIN_TEST( Quaternion3, AimingIsTheShortestTurn )
         const T error = 12 * epsilon<T> / std::sqrt( std::max( T( 1e-6 ), 1 - sine * sine ) );
         EXPECT_TRUE( ( q * from.computeUnit() ).isEqual( foot, error ) );
     }
-    // which perpendicular
-    const std::pair<Vector, Vector> axes[] = { { { 1, 2, 3 }, { 0, -3, 2 } }, { { 2, 3, 1 }, { -3, 2, 0 } },
-        { { 2, 1, 3 }, { 3, 0, -2 } }, { { 1, 1, 1 }, { -1, 1, 0 } } };
-    for ( const auto& [from, axis] : axes )
+    // any perpendicular will do, for each axis another
+    for ( const Vector& v : { Vector( 2, 0, 0 ), Vector( 0, 2, 0 ), Vector( 0, 0, 2 ) } )
     {
-        q.aim( from, -from );
-        EXPECT_TRUE( q.isEqual( join<T>( axis.computeUnit(), 1, 0 ), T( 1e-6 ) ) ) << q;
+        q.aim( v, -v );
+        EXPECT_TRUE( ( q * v ).isEqual( -v, T( 5e-6 ) ) ) << q;
     }
     const GePlane3<T> floor( 0, 0, 3, 7 );
     for ( const Vector& v : { Vector( 0, 0, 2 ), Vector( 0, 0, -2 ), Vector() } ) // the last changes nothing
