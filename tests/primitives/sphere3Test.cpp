@@ -11,7 +11,6 @@ ZQ_TWIN_TEST( Sphere3, RootsLieOnTheSphereAndClosestPointsTowardsTheLine )
 {
     Random random( 1 );
     const T bound = 200 * epsilon<T>;
-    int nbMisses = 0;
     for ( int i = 0; i < 20000; ++i )
     {
         const GeSphere3<T> sphere( random.point<T>( 5 ), random.uniform<T>( T( 0.5 ), 4 ) );
@@ -32,12 +31,10 @@ ZQ_TWIN_TEST( Sphere3, RootsLieOnTheSphereAndClosestPointsTowardsTheLine )
         }
         else if ( sphere.getClosestPoint( origin, along, closest ) )
         {
-            ++nbMisses;
             EXPECT_NEAR( ( closest - center ).length(), radius, bound );
             EXPECT_NEAR( ( closest - origin ).cross( along ).length(), distance - radius, bound );
         }
     }
-    EXPECT_GT( nbMisses, 300 );
     // radius 0 and unit direction: the discriminant is -y^2; its limit is the float -0.0001 in both scalars
     T t0 = 0, t1 = 0;
     const std::pair<T, bool> rows[] = { { T( 0.009999 ), true }, { T( 0.010001 ), false },
