@@ -15,14 +15,13 @@ namespace
 template <class... Members>
 void expectSlots( std::size_t first, Members... members )
 {
-    const auto slotOf = []( auto member )
+    const auto expectNext = [&]( auto member )
     {
         std::size_t offset = 0; // in bytes; some processors mark it with a one
         std::memcpy( &offset, &member, sizeof( offset ) );
-        return offset / sizeof( void* );
+        EXPECT_EQ( offset / sizeof( void* ), first++ );
     };
-    for ( const std::size_t slot : { slotOf( members )... } )
-        EXPECT_EQ( slot, first++ );
+    ( expectNext( members ), ... );
 }
 
 ZQ_TWIN_SUITE( Slots );

@@ -7,6 +7,7 @@
 
 #include <array>
 #include <cstddef>
+#include <type_traits>
 
 namespace ZqTest
 {
@@ -28,14 +29,10 @@ void forEachPlace( F&& f )
 }
 
 /// The part of a matrix that is free.
-template <class Matrix>
-inline constexpr int rowCount = 3;
-template <class T>
-inline constexpr int rowCount<Zq::GeProjectiveMatrix3<T>> = 4;
-template <class Matrix>
-inline constexpr int columnCount = 4;
-template <class T>
-inline constexpr int columnCount<Zq::GeLinearMatrix3<T>> = 3;
+template <class Matrix, class T = std::decay_t<decltype( Matrix()( 0, 0 ) )>>
+inline constexpr int rowCount = std::is_same_v<Matrix, Zq::GeProjectiveMatrix3<T>> ? 4 : 3;
+template <class Matrix, class T = std::decay_t<decltype( Matrix()( 0, 0 ) )>>
+inline constexpr int columnCount = std::is_same_v<Matrix, Zq::GeLinearMatrix3<T>> ? 3 : 4;
 
 /// Small integers: every sum and product of them is exact, so that equations hold without tolerance.
 template <class Matrix>
