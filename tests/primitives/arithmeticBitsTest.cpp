@@ -36,7 +36,7 @@ ZQ_TWIN_TEST( ArithmeticBits, quaternions )
             a = Quaternion();
         if ( random.index( 8 ) == 0 )
             b = a * factors[random.index( 3 )];
-        return std::make_tuple( a, b, random.uniform( T( -1 ), T( 2 ) ), T( random.index( 3 ) - 1 ) );
+        return std::tuple{ a, b, random.uniform( T( -1 ), T( 2 ) ), T( random.index( 3 ) - 1 ) };
     };
     expectSameBits<T>( REPEATS, makeBlend, Quaternion::slerp,
         []( const Quaternion& a, const Quaternion& b, T t, T spin )

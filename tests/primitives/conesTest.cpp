@@ -90,8 +90,8 @@ TEST( FloatingCone, ExpandMakesTheSmallestConeAboutTwo )
     Random random( 2 );
     for ( int i = 0; i < 2000; ++i )
     {
-        const GeFloatingCone a( random.direction<float>(), random.uniform( 0.0F, 1.5F ) );
-        const GeFloatingCone b( random.direction<float>(), random.uniform( 0.0F, 1.5F ) );
+        const GeFloatingCone a{ random.direction<float>(), random.uniform( 0.0F, 1.5F ) };
+        const GeFloatingCone b{ random.direction<float>(), random.uniform( 0.0F, 1.5F ) };
         const double between = widen( a.getAxis() ).computeAngle( widen( b.getAxis() ) );
         if ( between < 0.2 || between > 2.69 || std::fabs( a.getSemiAngle() - b.getSemiAngle() ) > between )
             continue;
