@@ -174,7 +174,8 @@ template <class T>
 Three<T> extractAngles(
     const std::array<T, 9>& matrix, int i, int j, int k, bool isOdd, bool isRepeated, bool isRotating )
 {
-    const auto m = [&]( int row, int column ) { return matrix[static_cast<std::size_t>( 3 * row + column )]; };
+    const auto m = [&]( int row, int column )
+    { return matrix[3 * static_cast<std::size_t>( row ) + static_cast<std::size_t>( column )]; };
     const T x = isRepeated ? m( i, j ) : m( i, i ), y = isRepeated ? m( i, k ) : m( j, i );
     const T root = std::sqrt( x * x + y * y );
     Three<T> angles{};
@@ -248,7 +249,10 @@ Three<T> convertToRgb( const Three<T>& hsv )
     if ( s <= 0 )
         return { v, v, v };
     if ( !std::isfinite( hue ) )
-        return { hue - hue, hue - hue, hue - hue };
+    {
+        constexpr T nan = std::numeric_limits<T>::quiet_NaN();
+        return { nan, nan, nan };
+    }
     T turned = hue;
     if ( hue < 0 || hue >= 360 )
     {

@@ -2,14 +2,13 @@
 //
 // The page to copy from is rotationTrack.h with rotationTrack.cpp: aiming, slerp, and squad with its control quaternions.
 
-#include "badInput.h"
+#include "commandLine.h"
 #include "options.h"
 #include "outputFiles.h"
 #include "picture.h"
 #include "pngEncoder.h"
 #include "scene.h"
 
-#include <algorithm>
 #include <cmath>
 #include <iomanip>
 #include <iostream>
@@ -83,19 +82,7 @@ int run( const Options& options )
 
     printKeys( scene, track );
     std::cout << "\nwrote " << options.pictureFile.string() << '\n';
-    if ( !std::cout.flush() )
-    {
-        throw Examples::BadInput( "cannot write the report" );
-    }
     return 0;
-}
-
-// Names of files and options may hold line ends.
-std::string makeOneLine( std::string text )
-{
-    std::replace_if(
-        text.begin(), text.end(), []( char character ) { return character == '\n' || character == '\r'; }, ' ' );
-    return text;
 }
 
 } // namespace
@@ -104,14 +91,11 @@ std::string makeOneLine( std::string text )
 
 int main( int argc, char** argv )
 {
-    try
-    {
-        const std::optional<AimAndInterpolate::Options> options = AimAndInterpolate::parseOptions( argc, argv );
-        return options ? AimAndInterpolate::run( *options ) : 0;
-    }
-    catch ( const std::exception& error )
-    {
-        std::cerr << "aimAndInterpolate: " << AimAndInterpolate::makeOneLine( error.what() ) << '\n';
-        return 2;
-    }
+    using namespace AimAndInterpolate;
+    return Examples::runProgram( "aimAndInterpolate",
+        [&]
+        {
+            const std::optional<Options> options = parseOptions( argc, argv );
+            return options ? run( *options ) : 0;
+        } );
 }

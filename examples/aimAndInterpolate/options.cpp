@@ -1,32 +1,12 @@
 #include "options.h"
 
 #include "badInput.h"
+#include "commandLine.h"
 
 #include <CLI/CLI.hpp>
 
-#include <charconv>
-#include <iostream>
-
 namespace AimAndInterpolate
 {
-
-namespace
-{
-
-int parseInteger( const std::string& option, const std::string& text, int lowest, int highest )
-{
-    int number = 0;
-    const char* const end = text.data() + text.size();
-    const auto [rest, error] = std::from_chars( text.data(), end, number );
-    if ( error != std::errc() || rest != end || number < lowest || number > highest )
-    {
-        throw Examples::BadInput( option + " " + text + ": expected a whole number from " + std::to_string( lowest ) +
-            " to " + std::to_string( highest ) );
-    }
-    return number;
-}
-
-} // namespace
 
 std::optional<Options> parseOptions( int argc, const char* const* argv )
 {
@@ -38,7 +18,7 @@ std::optional<Options> parseOptions( int argc, const char* const* argv )
                                 const std::string& name, int& target, int lowest, int highest, const std::string& help )
     {
         const auto read = [=, &target]( const std::string& text )
-        { target = parseInteger( name, text, lowest, highest ); };
+        { target = Examples::parseNumber( name, text, lowest, highest ); };
         app.add_option_function<std::string>( name, read, help )->type_name( "NUMBER" );
     };
     addInteger( "--steps", options.nbSteps, 1, 32, "The steps in time from one key to the next [8]" );
@@ -47,18 +27,9 @@ std::optional<Options> parseOptions( int argc, const char* const* argv )
     CLI::Option* const out =
         app.add_option( "--out", file, "The picture [aimAndInterpolate.png]" )->type_name( "FILE" );
 
-    try
+    if ( !Examples::parseCommandLine( app, argc, argv ) )
     {
-        app.parse( argc, argv );
-    }
-    catch ( const CLI::CallForHelp& )
-    {
-        std::cout << app.help();
         return std::nullopt;
-    }
-    catch ( const CLI::ParseError& error )
-    {
-        throw Examples::BadInput( error.what() );
     }
     if ( out->count() > 0 )
     {

@@ -1,8 +1,8 @@
 // cullMesh: from a camera, which clusters of a mesh need not be drawn?
 //
-// The page to copy from is culling.h, with clusters.cpp for the bounds and camera.cpp for the matrices.
+// The page to copy from is culling.h, with clusters.cpp for the bounds and support/camera.cpp for the matrices.
 
-#include "badInput.h"
+#include "commandLine.h"
 #include "meshFile.h"
 #include "options.h"
 #include "outputFiles.h"
@@ -13,7 +13,6 @@
 #include "teapot.h"
 #include "timing.h"
 
-#include <algorithm>
 #include <iostream>
 
 namespace CullMesh
@@ -114,19 +113,7 @@ int run( const Options& options )
     {
         std::cout << "  wrote " << file.path.string() << '\n';
     }
-    if ( !std::cout.flush() )
-    {
-        throw Examples::BadInput( "cannot write the report" );
-    }
     return report.check.computeViolations() == 0 ? 0 : 1;
-}
-
-// Names of files and options may hold line ends.
-std::string makeOneLine( std::string text )
-{
-    std::replace_if(
-        text.begin(), text.end(), []( char character ) { return character == '\n' || character == '\r'; }, ' ' );
-    return text;
 }
 
 } // namespace
@@ -135,14 +122,11 @@ std::string makeOneLine( std::string text )
 
 int main( int argc, char** argv )
 {
-    try
-    {
-        const std::optional<CullMesh::Options> options = CullMesh::parseOptions( argc, argv );
-        return options ? CullMesh::run( *options ) : 0;
-    }
-    catch ( const std::exception& error )
-    {
-        std::cerr << "cullMesh: " << CullMesh::makeOneLine( error.what() ) << '\n';
-        return 2;
-    }
+    using namespace CullMesh;
+    return Examples::runProgram( "cullMesh",
+        [&]
+        {
+            const std::optional<Options> options = parseOptions( argc, argv );
+            return options ? run( *options ) : 0;
+        } );
 }

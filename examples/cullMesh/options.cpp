@@ -1,11 +1,11 @@
 #include "options.h"
 
 #include "badInput.h"
+#include "commandLine.h"
 
 #include <CLI/CLI.hpp>
 
-#include <charconv>
-#include <iostream>
+#include <sstream>
 
 namespace CullMesh
 {
@@ -17,31 +17,6 @@ using Zq::GePoint3;
 
 constexpr double MAX_COORDINATE = 1000;
 
-template <class Number>
-std::string makeText( Number number )
-{
-    std::ostringstream text;
-    text << number;
-    return text.str();
-}
-
-// The whole text as a number from lowest to highest; the error names the option.
-template <class Number>
-Number parseNumber( const std::string& option, const std::string& text, Number lowest, Number highest )
-{
-    Number number{};
-    const char* const end = text.data() + text.size();
-    const auto [rest, error] = std::from_chars( text.data(), end, number );
-    // written so that NaN is refused
-    if ( error != std::errc() || rest != end || !( number >= lowest && number <= highest ) )
-    {
-        throw Examples::BadInput( option + ": '" + text + "' is not a " +
-            ( std::is_integral_v<Number> ? "whole number" : "number" ) + " from " + makeText( lowest ) + " to " +
-            makeText( highest ) );
-    }
-    return number;
-}
-
 std::vector<float> parseList( const std::string& option, const std::string& text, double lowest, double highest )
 {
     std::vector<float> numbers;
@@ -50,7 +25,7 @@ std::vector<float> parseList( const std::string& option, const std::string& text
     {
         const std::size_t end = std::min( text.find( ',', begin ), text.size() );
         numbers.push_back(
-            static_cast<float>( parseNumber( option, text.substr( begin, end - begin ), lowest, highest ) ) );
+            static_cast<float>( Examples::parseNumber( option, text.substr( begin, end - begin ), lowest, highest ) ) );
         begin = end + 1;
     }
     return numbers;
@@ -78,14 +53,14 @@ public:
     {
         return add( name, "NUMBER", help,
             [=, &target]( const std::string& text )
-            { target = static_cast<Target>( parseNumber( name, text, lowest, highest ) ); } );
+            { target = static_cast<Target>( Examples::parseNumber( name, text, lowest, highest ) ); } );
     }
 
     CLI::Option* addDistance( const std::string& name, std::optional<float>& target, const std::string& help )
     {
         return add( name, "NUMBER", help,
             [name, &target]( const std::string& text )
-            { target = static_cast<float>( parseNumber( name, text, 1e-4, 1e4 ) ); } );
+            { target = static_cast<float>( Examples::parseNumber( name, text, 1e-4, 1e4 ) ); } );
     }
 
     CLI::Option* addList(
@@ -182,18 +157,9 @@ std::optional<Options> parseOptions( int argc, const char* const* argv )
     app.add_flag( "--no-pictures", hasNoPictures, "Draw nothing" );
     parser.addText( "--json", "FILE", options.jsonFile, "The report for programs" );
 
-    try
+    if ( !Examples::parseCommandLine( app, argc, argv ) )
     {
-        app.parse( argc, argv );
-    }
-    catch ( const CLI::CallForHelp& )
-    {
-        std::cout << app.help();
         return std::nullopt;
-    }
-    catch ( const CLI::ParseError& error )
-    {
-        throw Examples::BadInput( error.what() );
     }
     options.hasPictures = !hasNoPictures && options.nbOrbitEyes == 0;
     options.viewFile = folder / viewName;
@@ -239,8 +205,9 @@ std::vector<Camera> makeCameras( const Options& options, const std::vector<GePoi
         camera.farDistance = options.farDistance.value_or( camera.farDistance );
         if ( !( camera.nearDistance < camera.farDistance ) )
         {
-            throw Examples::BadInput(
-                "near " + makeText( camera.nearDistance ) + " is not less than far " + makeText( camera.farDistance ) );
+            std::ostringstream complaint;
+            complaint << "near " << camera.nearDistance << " is not less than far " << camera.farDistance;
+            throw Examples::BadInput( complaint.str() );
         }
         cameras.push_back( camera );
     }

@@ -2,13 +2,12 @@
 
 #include "pictures.h"
 
-#include "badInput.h"
+#include "commandLine.h"
 #include "outputFiles.h"
 #include "pngEncoder.h"
 
 #include <CLI/CLI.hpp>
 
-#include <algorithm>
 #include <filesystem>
 #include <functional>
 #include <iostream>
@@ -20,7 +19,6 @@ namespace Gallery
 namespace
 {
 
-using Examples::BadInput;
 using Examples::OutputFile;
 
 // The folder for the pictures; nothing if help was asked for.
@@ -31,18 +29,9 @@ std::optional<std::filesystem::path> parseOptions( int argc, const char* const* 
         "gallery" );
     std::string folder = ".";
     app.add_option( "--out", folder, "Where the files go, an existing folder [.]" )->type_name( "DIR" );
-    try
+    if ( !Examples::parseCommandLine( app, argc, argv ) )
     {
-        app.parse( argc, argv );
-    }
-    catch ( const CLI::CallForHelp& )
-    {
-        std::cout << app.help();
         return std::nullopt;
-    }
-    catch ( const CLI::ParseError& error )
-    {
-        throw BadInput( error.what() );
     }
     return folder;
 }
@@ -78,18 +67,6 @@ void run( const std::filesystem::path& folder )
     {
         std::cout << "wrote " << file.path.string() << '\n';
     }
-    if ( !std::cout.flush() )
-    {
-        throw BadInput( "cannot write the list of files" );
-    }
-}
-
-// Names of files and options may hold line ends.
-std::string makeOneLine( std::string text )
-{
-    std::replace_if(
-        text.begin(), text.end(), []( char character ) { return character == '\n' || character == '\r'; }, ' ' );
-    return text;
 }
 
 } // namespace
@@ -98,17 +75,13 @@ std::string makeOneLine( std::string text )
 
 int main( int argc, char** argv )
 {
-    try
-    {
-        if ( const std::optional<std::filesystem::path> folder = Gallery::parseOptions( argc, argv ) )
+    return Examples::runProgram( "gallery",
+        [&]
         {
-            Gallery::run( *folder );
-        }
-        return 0;
-    }
-    catch ( const std::exception& error )
-    {
-        std::cerr << "gallery: " << Gallery::makeOneLine( error.what() ) << '\n';
-        return 2;
-    }
+            if ( const std::optional<std::filesystem::path> folder = Gallery::parseOptions( argc, argv ) )
+            {
+                Gallery::run( *folder );
+            }
+            return 0;
+        } );
 }

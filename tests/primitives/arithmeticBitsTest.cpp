@@ -73,6 +73,13 @@ ZQ_TWIN_TEST( ArithmeticBits, matrixProducts )
     expectSameBits<T>( REPEATS, makeRecords<T, Projective, Projective>, std::multiplies<>(), multiplyColumns );
 }
 
+template <class T, int size>
+struct Inversion
+{
+    ZqTest::Rows<T, size> inverse;
+    T determinant;
+};
+
 /// The rows of the matrices differ in size: pivots tie, are about as small as what counts as zero, or overflow.
 template <class T, int size, class Matrix>
 void expectSameInverse()
@@ -96,7 +103,7 @@ void expectSameInverse()
         Matrix inverse;
         T determinant = T( 7 );
         m.computeInverseAndDeterminant( inverse, determinant );
-        return std::make_pair( toRows<T, size>( inverse ), determinant );
+        return Inversion<T, size>{ toRows<T, size>( inverse ), determinant };
     };
     const auto decompose = []( const Matrix& m )
     {
@@ -108,7 +115,7 @@ void expectSameInverse()
             lu.writeInverse( inverse );
             determinant = lu.computeDeterminant();
         }
-        return std::make_pair( toRows<T, size>( inverse ), determinant );
+        return Inversion<T, size>{ toRows<T, size>( inverse ), determinant };
     };
     expectSameBits<T>( REPEATS, make, invert, decompose );
 }

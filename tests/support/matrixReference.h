@@ -14,10 +14,13 @@ namespace ZqTest
 
 /// A matrix by other means than the library's: plain rows.
 template <class T, int n>
-struct Rows : std::array<T, std::size_t{ n } * n>
+struct Rows : std::array<std::array<T, std::size_t{ n }>, std::size_t{ n }>
 {
-    T& operator()( int r, int c ) { return ( *this )[static_cast<std::size_t>( n * r + c )]; }
-    T operator()( int r, int c ) const { return ( *this )[static_cast<std::size_t>( n * r + c )]; }
+    T& operator()( int r, int c ) { return ( *this )[static_cast<std::size_t>( r )][static_cast<std::size_t>( c )]; }
+    T operator()( int r, int c ) const
+    {
+        return ( *this )[static_cast<std::size_t>( r )][static_cast<std::size_t>( c )];
+    }
 };
 
 /// Calls f( row, column ) for every place.
