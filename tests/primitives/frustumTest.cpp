@@ -43,18 +43,34 @@ double clipDistance( const GeProjectiveMatrix3<T>& m, int plane, const GePoint3<
     return static_cast<double>( value / std::sqrt( squares ) );
 }
 
-// To three digits of float: the corners of the frustum come through an inverse, and through a division by their w.
-ZQ_TWIN_TEST( Frustum, PlanesAreThoseOfTheClipInequalities )
+// By the corners of the boxes in clip space. Planes are good to three digits of float: the corners of the frustum come
+// through an inverse, and through a division by their w.
+ZQ_TWIN_TEST( Frustum, AgreesWithTheClipInequalities )
 {
+    const double bound = 20000 * double( epsilon<T> ), threshold = double( -0.0001F );
     Random random( 2 );
     for ( int i = 0; i < 5000; ++i )
     {
         const GeProjectiveMatrix3<T> camera = randomCamera<T>( random );
         const GeFrustum<T> frustum( camera );
         const GePoint3<T> p = random.point<T>( 10 );
+        const GeAlignedBox3<T> box( p, p + random.vector<T>( T( i % 4 * 2 ) ) );
+        bool isBeyondOne = false, isWithinAll = true, isClose = false;
         for ( int plane = 0; plane < 6; ++plane )
-            EXPECT_NEAR( double( frustum.getPlane( plane ).computeValue( p ) ), clipDistance( camera, plane, p ),
-                20000 * double( epsilon<T> ) );
+        {
+            EXPECT_NEAR( frustum.getPlane( plane ).computeValue( p ), clipDistance( camera, plane, p ), bound );
+            int nbBeyond = 0;
+            for ( int corner = 0; corner < 8; ++corner )
+            {
+                const double distance = clipDistance( camera, plane, box.getCorner( corner ) ) - threshold;
+                nbBeyond += distance < 0;
+                isClose = isClose || std::fabs( distance ) < bound;
+            }
+            isBeyondOne = isBeyondOne || nbBeyond == 8;
+            isWithinAll = isWithinAll && nbBeyond == 0;
+        }
+        const auto within = isWithinAll ? frustum.FRUSTUM_INSIDE : frustum.FRUSTUM_INTERSECT;
+        EXPECT_TRUE( isClose || frustum.classify( box ) == ( isBeyondOne ? frustum.FRUSTUM_OUTSIDE : within ) ) << box;
     }
 }
 
