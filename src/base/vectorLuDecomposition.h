@@ -86,6 +86,19 @@ private:
         return reinterpret_cast<Vector>(
             ( reinterpret_cast<Mask>( a ) & mask ) | ( reinterpret_cast<Mask>( b ) & ~mask ) );
     }
+    /// The lanes of a whose bits are set, else those of b. Comparisons of constants would make GCC 12 fail at -O1.
+    template <int lanes>
+    static Row blend( const Row& a, const Row& b )
+    {
+        if constexpr ( nbParts == 1 )
+        {
+            constexpr Mask mask = { -( lanes & 1 ), -( lanes >> 1 & 1 ), -( lanes >> 2 & 1 ), -( lanes >> 3 & 1 ) };
+            return { { select( mask, a.parts[0], b.parts[0] ) } };
+        }
+        else // faster for double, and slower for float
+            return Lanes::makeRow( get( lanes & 1 ? a : b, 0 ), get( lanes & 2 ? a : b, 1 ),
+                get( lanes & 4 ? a : b, 2 ), get( lanes & 8 ? a : b, 3 ) );
+    }
     static Vector abs( Vector v ) { return select( reinterpret_cast<Mask>( Lanes::spread( -T( 0 ) ) ), Vector{}, v ); }
     /// a where both are equal or one is NaN: a comparison that the processor has in one instruction.
     static Vector larger( Vector a, Vector b ) { return b > a ? b : a; }
@@ -218,17 +231,13 @@ inline void VectorLuDecomposition<T, rows>::eliminate()
     _least = smaller( _least, abs( spread<step>( pivot ) ) );
 
     // the column of this step becomes one of the right-hand side, where the pivot has 1 and the rows below 0
-    const Row unit = makeUnit( step );
-    for ( int n = 0; n < nbParts; ++n )
-        pivot.parts[n] = select( unit.parts[n] == T( 1 ), unit.parts[n], pivot.parts[n] );
+    pivot = blend<1 << step>( makeUnit( step ), pivot );
     for ( int i = step + 1; i < size; ++i )
     {
         const Vector factor = spread<step>( _rows[i] ) * reciprocal;
+        const Row row = blend<1 << step>( Row{}, _rows[i] );
         for ( int n = 0; n < nbParts; ++n )
-        {
-            const Vector row = select( unit.parts[n] == T( 1 ), Vector{}, _rows[i].parts[n] );
-            _rows[i].parts[n] = row - factor * pivot.parts[n];
-        }
+            _rows[i].parts[n] = row.parts[n] - factor * pivot.parts[n];
     }
 }
 
@@ -237,11 +246,7 @@ template <class T, std::size_t rows>
 template <int row>
 inline void VectorLuDecomposition<T, rows>::solve( Row ( &x )[rows] ) const
 {
-    const Row unit = makeUnit( row );
-    const Row lower = Lanes::makeRow( row > 0, row > 1, row > 2, false );
-    Row r;
-    for ( int n = 0; n < nbParts; ++n )
-        r.parts[n] = select( lower.parts[n] == T( 1 ), _rows[row].parts[n], unit.parts[n] );
+    Row r = blend<( 1 << row ) - 1>( _rows[row], makeUnit( row ) );
     subtract<row, row + 1>( r, x );
     for ( int n = 0; n < nbParts; ++n )
         x[row].parts[n] = r.parts[n] / spread<row>( _rows[row] );
