@@ -108,6 +108,8 @@ ZQ_TWIN_TEST( Quaternion3, DegenerateQuaternionsMatricesAndConventions )
     zero.getAxisAngle( axis, angle );
     EXPECT_TRUE( axis == Vector( 1, 0, 0 ) && angle == 0 && Q::makeRotation( Vector(), 0 ) == Q() );
     EXPECT_EQ( ( GeRotation3<T>::makeRotation( Vector(), 2 ) ), GeRotation3<T>() );
+    // 1 - cos of an angle whose cosine is rounded to 1
+    EXPECT_NEAR( ( GeRotation3<T>::makeRotation( Vector( 1, 1, 0 ), T( 1e-4 ) )( 0, 1 ) ), 2.5e-9, 2e-15 );
 
     q.setMatrix( Linear(), 4 );
     EXPECT_NEAR( q.getW(), std::sqrt( 7.0 ) / 4, epsilon<T> );

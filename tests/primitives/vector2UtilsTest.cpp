@@ -35,6 +35,10 @@ ZQ_TWIN_TEST( Vector2Utils, DistanceToALineAndToASegment )
     // a segment whose squared length underflows counts as its first end
     const T tiny = std::sqrt( std::numeric_limits<T>::denorm_min() ) / 4;
     EXPECT_TRUE( measure( p, o, { tiny, tiny }, false ) == 5 && measure( p, o, { tiny, tiny }, true ) == 5 );
+    // the square of the area, which would overflow, is never formed
+    const T large = std::sqrt( std::numeric_limits<T>::max() ) / 8, far = std::sqrt( large );
+    for ( const bool isLine : { false, true } )
+        EXPECT_NEAR( measure( { far, far }, o, { large, 0 }, isLine ) / large, 1, 4 * epsilon<T> );
 }
 
 } // namespace
