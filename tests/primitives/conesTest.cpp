@@ -129,6 +129,9 @@ TEST( FloatingCone, Limits )
         cone.expand( other );
         EXPECT_TRUE( cone.isEqual( expected, tolerance, tolerance ) ) << cone << expected;
     }
+    GeFloatingCone axisless( Unit(), 0.5F );
+    EXPECT_REPORT( axisless.expand( narrow ), "src/primitives/geFloatingCone", "len > 0" );
+    EXPECT_EQ( axisless, GeFloatingCone( Unit(), 0.5F ) );
 }
 
 TEST( FloatingConeBuilder, TheConeHoldsEveryDirectionAndNoMoreThanThat )

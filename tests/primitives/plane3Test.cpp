@@ -87,11 +87,15 @@ ZQ_TWIN_TEST( Plane3, BuilderStartsAnewAfterAFitAndGoesOnAfterAFailure )
     for ( const GePoint3<T>& point : polygon )
         builder.addPoint( point );
     EXPECT_TRUE( builder.getPlane() == plane && builder.getPlane() == plane );
-    builder.addPoint( { 0, 0, 0 } );
-    EXPECT_REPORT( builder.getPlane(), "src/primitives/gePlane3Builder", "program aborted" );
-    builder.addPoint( { 0, 1, 0 } );
-    builder.addPoint( { 0, 0, 1 } );
-    EXPECT_EQ( builder.getPlane(), ( GeNormalizedPlane3<T>( 1, 0, 0, 0 ) ) );
+    const std::vector<GePoint3<T>> late = { { 0, 0, 1 }, { 1, 1, 1 }, { 2, 2, 1 }, { 0, 0, 2 } };
+    for ( const GePoint3<T>& point : late )
+    {
+        if ( &point != &late[0] ) // one, two, and three in a row
+            EXPECT_REPORT( builder.getPlane(), "src/primitives/gePlane3Builder",
+                &point == &late[3] ? "len > 0" : "program aborted" );
+        builder.addPoint( point );
+    }
+    EXPECT_EQ( builder.getPlane(), fit( late ) );
 }
 
 } // namespace
