@@ -40,6 +40,14 @@ ZQ_TWIN_TEST( Color, ConversionsAgreeWithALongDoubleReference )
         const CoHsvColorT<T> other( random.uniform<T>( -1000, 1000 ), random.uniform<T>( T( 0.01 ), 1 ), 1 );
         expectNearReference( other, other.convertToRgb(), 1000 * epsilon<T> / 60 );
     }
+    // up to the last float before the sectors begin again
+    for ( float last = 359.9F; last < 360; last = std::nextafter( last, 400.0F ) )
+    {
+        const CoHsvColorT<T> hsv( last, 1, 1 );
+        const auto rgb = hsv.convertToRgb();
+        expectNearReference( hsv, rgb, 10 * epsilon<T> );
+        ASSERT_NEAR( CoHsvColorT<T>::convertFromRgb( rgb ).getHue(), last, 600 * epsilon<T> );
+    }
     // the hue can round to 360, and converts back
     const auto hsv = CoHsvColorT<T>::convertFromRgb( { 1, 0, epsilon<T> / 2 } );
     EXPECT_TRUE( hsv == CoHsvColorT<T>( 360, 1, 1 ) && hsv.convertToRgb() == CoRgbColorT<T>( 1, 0, 0 ) );
