@@ -146,6 +146,8 @@ ZQ_TWIN_TEST( Matrix, SingularAffineStillWritesTheTranslation )
     // into itself: its own block, applied to the translation that it had
     self.computeInverseAndDeterminant( self, determinant );
     EXPECT_EQ( self, ( GeAffineMatrix3<T>( singular, GeVector3<T>( -9, -18, -2 ) ) ) );
+    // the sum is negated as it is
+    EXPECT_TRUE( std::signbit( GeAffineMatrix3<T>().computeInverse()( 0, 3 ) ) );
 }
 
 ZQ_TWIN_TEST( Matrix, IdentityAndZero )
