@@ -7,6 +7,8 @@
 #include <algorithm>
 #include <charconv>
 #include <iostream>
+#include <sstream>
+#include <type_traits>
 
 namespace Examples
 {

@@ -3,6 +3,7 @@
 
 #include "floatUtil.h"
 #include "luDecomposition.h"
+#include "registers.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -23,26 +24,24 @@ struct LuLanes;
 template <>
 struct LuLanes<float>
 {
-    using Vector [[gnu::vector_size( 16 )]] = float;
+    using Vector = Register<float, 4>;
     using Mask [[gnu::vector_size( 16 )]] = std::int32_t;
     struct Row
     {
         Vector parts[1];
     };
-    static Vector spread( float x ) { return Vector{ x, x, x, x }; }
     static Row makeRow( float a, float b, float c, float d ) { return { { Vector{ a, b, c, d } } }; }
 };
 
 template <>
 struct LuLanes<double>
 {
-    using Vector [[gnu::vector_size( 16 )]] = double;
+    using Vector = Register<double, 2>;
     using Mask [[gnu::vector_size( 16 )]] = std::int64_t;
     struct Row
     {
         Vector parts[2];
     };
-    static Vector spread( double x ) { return Vector{ x, x }; }
     static Row makeRow( double a, double b, double c, double d ) { return { { Vector{ a, b }, Vector{ c, d } } }; }
 };
 
@@ -79,7 +78,7 @@ private:
     template <int lane>
     static Vector spread( const Row& row )
     {
-        return Lanes::spread( row.parts[lane / width][lane % width] );
+        return Detail::spread<width>( row.parts[lane / width][lane % width] );
     }
     static Vector select( Mask mask, Vector a, Vector b )
     {
@@ -99,7 +98,10 @@ private:
             return Lanes::makeRow( get( lanes & 1 ? a : b, 0 ), get( lanes & 2 ? a : b, 1 ),
                 get( lanes & 4 ? a : b, 2 ), get( lanes & 8 ? a : b, 3 ) );
     }
-    static Vector abs( Vector v ) { return select( reinterpret_cast<Mask>( Lanes::spread( -T( 0 ) ) ), Vector{}, v ); }
+    static Vector abs( Vector v )
+    {
+        return select( reinterpret_cast<Mask>( Detail::spread<width>( -T( 0 ) ) ), Vector{}, v );
+    }
     /// a where both are equal or one is NaN: a comparison that the processor has in one instruction.
     static Vector larger( Vector a, Vector b ) { return b > a ? b : a; }
     static Vector smaller( Vector a, Vector b ) { return b < a ? b : a; }
@@ -149,7 +151,7 @@ inline bool VectorLuDecomposition<T, rows>::decompose( const Matrix& m )
 
     constexpr T zero = sizeof( T ) == sizeof( float ) ? static_cast<T>( FloatUtil::defaultFloatTolerance )
                                                       : static_cast<T>( FloatUtil::defaultDoubleTolerance );
-    const Mask isZero = _least < Lanes::spread( zero );
+    const Mask isZero = _least < Detail::spread<width>( zero );
     std::int64_t halves[2];
     std::memcpy( halves, &isZero, sizeof halves );
     return ( halves[0] | halves[1] ) == 0;
