@@ -1,7 +1,7 @@
 // Boxes: grown over points, against each other, and cut by a line.
 
+#include "../tests/bits/plainRules.h"
 #include "inputs.h"
-#include "plainRules.h"
 #include "rows.h"
 
 #include <zq/primitives/geAlignedBox.h>

@@ -1,7 +1,7 @@
 // RGB to HSV and back.
 
+#include "../tests/bits/plainRules.h"
 #include "inputs.h"
-#include "plainRules.h"
 #include "rows.h"
 
 #include <zq/color/coHsvColor.h>

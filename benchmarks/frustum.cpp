@@ -1,7 +1,7 @@
 // Boxes and points against a view frustum, with three answers for boxes: outside, inside, crossing.
 
+#include "../tests/bits/plainRules.h"
 #include "inputs.h"
-#include "plainRules.h"
 #include "rows.h"
 
 #include <zq/primitives/geCameraBuilder.h>

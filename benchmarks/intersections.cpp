@@ -1,7 +1,7 @@
 // Lines against spheres and planes; those against boxes are in boxes.cpp.
 
+#include "../tests/bits/plainRules.h"
 #include "inputs.h"
-#include "plainRules.h"
 #include "rows.h"
 
 #include <zq/primitives/geNormalizedPlane3.h>

@@ -1,7 +1,7 @@
 // Inverses, products and transforms of matrices.
 
+#include "../tests/bits/plainRules.h"
 #include "inputs.h"
-#include "plainRules.h"
 #include "rows.h"
 
 #include <zq/primitives/geHomogeneousCoord3.h>

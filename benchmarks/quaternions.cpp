@@ -1,7 +1,7 @@
 // Quaternions: products, interpolation, and the ways to and from matrices and Euler angles.
 
+#include "../tests/bits/plainRules.h"
 #include "inputs.h"
-#include "plainRules.h"
 #include "rows.h"
 
 #include <zq/primitives/geQuaternion3.h>

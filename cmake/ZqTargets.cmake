@@ -40,17 +40,33 @@ function( zq_compile_rules target )
     endif()
 endfunction()
 
-# zq_add_library( <short name> DESCRIPTION ... SOURCES ... HEADERS ... FRAGMENTS ... LINK ... )
-# The shared library libZQ<short name>, target Zq::<short name>. HEADERS compile alone; FRAGMENTS (.inline)
-# are included by headers and units. Both are paths below src/.
+# zq_add_library( <short name> DESCRIPTION ... FOLDERS ... LINK ... )
+# The shared library libZQ<short name>, target Zq::<short name>, made of folders below src/. The path says what a file is:
+#
+#     src/<folder>/*.h            public, compiles alone
+#     src/<folder>/*.inline       public, included by a header
+#     src/<folder>/<room>/        internal, whatever it is: not installed
+#     *.cpp, anywhere             a unit
+#     *.imp, anywhere             included by units: not installed
 function( zq_add_library name )
-    cmake_parse_arguments( ARG "" "DESCRIPTION" "SOURCES;HEADERS;FRAGMENTS;LINK" ${ARGN} )
+    cmake_parse_arguments( ARG "" "DESCRIPTION" "FOLDERS;LINK" ${ARGN} )
     set( target zq_${name} )
-    list( TRANSFORM ARG_SOURCES PREPEND "${PROJECT_SOURCE_DIR}/src/" )
-    list( TRANSFORM ARG_HEADERS PREPEND "${PROJECT_BINARY_DIR}/include/zq/" )
-    list( TRANSFORM ARG_FRAGMENTS PREPEND "${PROJECT_BINARY_DIR}/include/zq/" )
+    set( sources )
+    set( headers )
+    set( fragments )
+    foreach( folder IN LISTS ARG_FOLDERS )
+        set( path "${PROJECT_SOURCE_DIR}/src/${folder}" )
+        file( GLOB_RECURSE found CONFIGURE_DEPENDS "${path}/*.cpp" )
+        list( APPEND sources ${found} )
+        file( GLOB found RELATIVE "${PROJECT_SOURCE_DIR}/src" CONFIGURE_DEPENDS "${path}/*.h" )
+        list( APPEND headers ${found} )
+        file( GLOB found RELATIVE "${PROJECT_SOURCE_DIR}/src" CONFIGURE_DEPENDS "${path}/*.inline" )
+        list( APPEND fragments ${found} )
+    endforeach()
+    list( TRANSFORM headers PREPEND "${PROJECT_BINARY_DIR}/include/zq/" )
+    list( TRANSFORM fragments PREPEND "${PROJECT_BINARY_DIR}/include/zq/" )
 
-    add_library( ${target} SHARED ${ARG_SOURCES} )
+    add_library( ${target} SHARED ${sources} )
     add_library( Zq::${name} ALIAS ${target} )
     zq_compile_rules( ${target} )
     string( TOUPPER ${name} upper )
@@ -59,10 +75,10 @@ function( zq_add_library name )
         target_link_libraries( ${target} PUBLIC ${ARG_LINK} )
     endif()
     target_sources( ${target} PUBLIC
-        FILE_SET HEADERS BASE_DIRS "${PROJECT_BINARY_DIR}/include" FILES ${ARG_HEADERS} )
-    if( ARG_FRAGMENTS )
+        FILE_SET HEADERS BASE_DIRS "${PROJECT_BINARY_DIR}/include" FILES ${headers} )
+    if( fragments )
         target_sources( ${target} PUBLIC
-            FILE_SET fragments TYPE HEADERS BASE_DIRS "${PROJECT_BINARY_DIR}/include" FILES ${ARG_FRAGMENTS} )
+            FILE_SET fragments TYPE HEADERS BASE_DIRS "${PROJECT_BINARY_DIR}/include" FILES ${fragments} )
     endif()
     set_target_properties( ${target} PROPERTIES
         OUTPUT_NAME ZQ${name}

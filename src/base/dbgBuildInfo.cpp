@@ -1,6 +1,6 @@
 #include "dbgBuildInfo.h"
 
-#include "registry.h"
+#include "internal/registry.h"
 
 #include <utility>
 

@@ -1,6 +1,6 @@
 #include "inPackageInit.h"
 
-#include "registry.h"
+#include "internal/registry.h"
 
 #include <algorithm>
 

@@ -1,6 +1,6 @@
 #include "trace.h"
 
-#include "registry.h"
+#include "internal/registry.h"
 
 #include <cstdio>
 #include <ostream>

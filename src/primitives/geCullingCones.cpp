@@ -1,6 +1,6 @@
 #include "geCullingCones.h"
 
-#include "kernels.h"
+#include "kernels/kernels.h"
 
 #include <ostream>
 

@@ -2,7 +2,7 @@
 
 #include "../base/assertions.h"
 #include "../base/trace.h"
-#include "traceLevels.h"
+#include "internal/traceLevels.h"
 
 #include <ostream>
 #include <sstream>

@@ -1,8 +1,8 @@
 #include "geShaft.h"
 
 #include "../base/trace.h"
-#include "kernels.h"
-#include "traceLevels.h"
+#include "internal/traceLevels.h"
+#include "kernels/kernels.h"
 
 #include <ostream>
 #include <sstream>

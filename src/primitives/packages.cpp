@@ -6,7 +6,7 @@
 #include "../base/dbgBuildInfo.h"
 #include "../base/trace.h"
 #include "../resmgt/packages.h"
-#include "traceLevels.h"
+#include "internal/traceLevels.h"
 
 #include <new>
 

@@ -1,4 +1,5 @@
-"""Reads every include of the project and holds it against the table of groups in docs/architecture.md.
+"""Reads every include of the project and holds it against the path of what is included and the table of groups in
+docs/architecture.md.
 
     checkIncludes.py SOURCE_DIR
 """
@@ -23,6 +24,21 @@ def read_groups():
     return owner, reachable
 
 
+def find_group(path):
+    """By path, by the nearest folder that has a row, or by name, a class together with its kernels."""
+    place = path.relative_to("src")
+    folders = [f"{folder}/" for folder in place.parents]
+    for key in (str(place.with_suffix("")), *folders, path.stem, path.stem.removesuffix("Kernels")):
+        if key in owner:
+            return owner[key]
+    return None
+
+
+def is_public(path):
+    """src/LIBRARY/FILE; what lies in a room below is internal, and what is compiled once, too."""
+    return len(path.parts) == 3 and path.suffix in (".h", ".inline")
+
+
 def read_includes(folder):
     """Yields the file and what stands between the quotes or brackets, with them."""
     for file in sorted((ROOT / folder).rglob("*")):
@@ -45,24 +61,28 @@ def check_library(file, given):
     check((ROOT / target).is_file(), file, given, "there is no such file")
     check(file.suffix not in (".inline", ".imp") or target != file.with_suffix(".h"), file, given,
           "a fragment is included, it does not include its header")
-    upper, lower = (owner.get(path.parts[1] + "/", owner.get(path.stem)) for path in (file, target))
-    if file != pathlib.Path("src/primitives/packages.cpp"):  # which knows all
-        check(upper and lower, file, given, "both need a place in the table")
-        check(lower in reachable.get(upper, ()), file, given, f"{lower} is not below {upper}")
-        check(target.parts[1] == file.parts[1] or lower == "base", file, given, "folders meet in base alone")
+    check(is_public(target) or not is_public(file), file, given, "what is public includes nothing internal")
+    if file == pathlib.Path("src/primitives/packages.cpp"):  # which knows all
+        return
+    upper, lower = find_group(file), find_group(target)
+    check(upper and lower, file, given, "both need a place in the table")
+    check(lower in reachable.get(upper, ()), file, given, f"{lower} is not below {upper}")
+    check(target.parts[1] in (file.parts[1], "base"), file, given, "folders meet in base alone")
 
 
 def check_client(file, given):
     check(not re.match(r'".*\b(src|base|resmgt|color|primitives)/.*\.(h|imp|inline|cpp)"', given), file, given,
           "public headers are included as <zq/...>")
-    check(not re.match(r"<zq/(?!.*\.h>)|<zq/(base/(registry|laneTargets)|primitives/traceLevels)", given), file, given,
-          "it is internal")
+    named = re.match("<zq/(.*)>", given)
+    if named and file.parts[:2] != ("tests", "bits"):  # which look inside
+        target = pathlib.Path("src") / named[1]
+        check(is_public(target) and target.suffix == ".h", file, given, "it is internal")
 
 
 owner, reachable = read_groups()
 for file, given in read_includes("src"):
     check_library(file, given)
-for folder in ("tests", "examples", "benchmarks"):
+for folder in ("tests", "examples", "figures", "benchmarks"):
     for file, given in read_includes(folder):
         check_client(file, given)
 print("\n".join(failures))

@@ -3,8 +3,6 @@
 
 #include "prelude.h"
 
-#include <zq/base/kernelLevel.h>
-
 #include <memory>
 
 namespace ZqTest
@@ -134,21 +132,6 @@ void expectSameArray(
             }
         }
         total -= static_cast<int>( count ) + 1;
-    }
-}
-
-/// Runs check( kernels, random, run ) for each of the runs at every level of instructions that this machine has.
-template <class Kernels, class Check>
-void forEachLevel( const Kernels* ( *find )( Zq::Detail::KernelLevel ), int nbRuns, const Check& check )
-{
-    for ( int level = 0; level < Zq::Detail::NB_KERNEL_LEVELS; ++level )
-    {
-        const Kernels* const kernels = find( static_cast<Zq::Detail::KernelLevel>( level ) );
-        ASSERT_EQ( kernels != nullptr, level <= Zq::Detail::getKernelLevel() );
-        SCOPED_TRACE( testing::Message() << "level " << level );
-        Random random( wideSeed() );
-        for ( int run = 0; run < nbRuns && kernels != nullptr; ++run )
-            check( *kernels, random, run );
     }
 }
 

@@ -1,5 +1,5 @@
-#ifndef ZQ_BASE_LANETARGETS_H
-#define ZQ_BASE_LANETARGETS_H
+#ifndef ZQ_BASE_LANES_LANETARGETS_H
+#define ZQ_BASE_LANES_LANETARGETS_H
 
 // What the units need that compile kernels once for each level, see levels.imp: ZQ_HAS_SIMD128 and ZQ_HAS_AVX tell which levels the
 // compiler can make; what stands between ZQ_TARGET_BEGIN( features ) and ZQ_TARGET_END is compiled for them. All headers

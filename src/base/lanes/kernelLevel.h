@@ -1,7 +1,7 @@
-#ifndef ZQ_BASE_KERNELLEVEL_H
-#define ZQ_BASE_KERNELLEVEL_H
+#ifndef ZQ_BASE_LANES_KERNELLEVEL_H
+#define ZQ_BASE_LANES_KERNELLEVEL_H
 
-#include "export.h"
+#include "../export.h"
 
 namespace Zq
 {

@@ -1,7 +1,7 @@
 // Array forms against the plain rule or the call for a single value, at each level of instructions, as bits.
 
-#include "../../benchmarks/plainRules.h"
-#include "support/bits.h"
+#include "levels.h"
+#include "plainRules.h"
 
 #include <zq/primitives/geAffineMatrix3.h>
 #include <zq/primitives/geCullingCones.h>
@@ -9,7 +9,7 @@
 #include <zq/primitives/geHomogeneousCoord3.h>
 #include <zq/primitives/geProjectiveMatrix3.h>
 #include <zq/primitives/geShaft.h>
-#include <zq/primitives/kernels.h>
+#include <zq/primitives/kernels/kernels.h>
 
 using namespace ZqTest;
 

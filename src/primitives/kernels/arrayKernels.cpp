@@ -1,11 +1,11 @@
 #include "kernels.h"
 
-#include "../base/laneTargets.h"
-#include "geAlignedBox.h"
-#include "geCullingCones.h"
-#include "geFrustum.h"
-#include "geHomogeneousCoord3.h"
-#include "geShaft.h"
+#include "../../base/lanes/laneTargets.h"
+#include "../geAlignedBox.h"
+#include "../geCullingCones.h"
+#include "../geFrustum.h"
+#include "../geHomogeneousCoord3.h"
+#include "../geShaft.h"
 
 #include <limits>
 
@@ -18,8 +18,8 @@ namespace Detail
 namespace
 {
 
-#define ZQ_KERNELS "../primitives/arrayKernels.imp"
-#include "../base/levels.imp"
+#define ZQ_KERNELS "../../primitives/kernels/arrayKernels.imp"
+#include "../../base/lanes/levels.imp"
 #undef ZQ_KERNELS
 
 #if ZQ_HAS_SIMD128

@@ -1,10 +1,10 @@
-#ifndef ZQ_PRIMITIVES_KERNELS_H
-#define ZQ_PRIMITIVES_KERNELS_H
+#ifndef ZQ_PRIMITIVES_KERNELS_KERNELS_H
+#define ZQ_PRIMITIVES_KERNELS_KERNELS_H
 
-#include "../base/interval.h"
-#include "../base/kernelLevel.h"
-#include "export.h"
-#include "forward.h"
+#include "../../base/interval.h"
+#include "../../base/lanes/kernelLevel.h"
+#include "../export.h"
+#include "../forward.h"
 
 #include <cstddef>
 #include <cstdint>

@@ -1,9 +1,9 @@
-#ifndef ZQ_COLOR_KERNELS_H
-#define ZQ_COLOR_KERNELS_H
+#ifndef ZQ_COLOR_KERNELS_KERNELS_H
+#define ZQ_COLOR_KERNELS_KERNELS_H
 
-#include "../base/kernelLevel.h"
-#include "export.h"
-#include "forward.h"
+#include "../../base/lanes/kernelLevel.h"
+#include "../export.h"
+#include "../forward.h"
 
 #include <cstddef>
 

@@ -1,7 +1,7 @@
 #include "kernels.h"
 
-#include "../base/laneTargets.h"
-#include "coHsvColor.h"
+#include "../../base/lanes/laneTargets.h"
+#include "../coHsvColor.h"
 
 namespace Zq
 {
@@ -12,8 +12,8 @@ namespace Detail
 namespace
 {
 
-#define ZQ_KERNELS "../color/colorKernels.imp"
-#include "../base/levels.imp"
+#define ZQ_KERNELS "../../color/kernels/colorKernels.imp"
+#include "../../base/lanes/levels.imp"
 #undef ZQ_KERNELS
 
 template <class T>

@@ -1,7 +1,7 @@
-#ifndef ZQ_BASE_LUDECOMPOSITION_H
-#define ZQ_BASE_LUDECOMPOSITION_H
+#ifndef ZQ_BASE_LU_LUDECOMPOSITION_H
+#define ZQ_BASE_LU_LUDECOMPOSITION_H
 
-#include "floatUtil.h"
+#include "../floatUtil.h"
 
 #include <cstddef>
 

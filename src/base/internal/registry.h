@@ -1,9 +1,9 @@
-#ifndef ZQ_BASE_REGISTRY_H
-#define ZQ_BASE_REGISTRY_H
+#ifndef ZQ_BASE_INTERNAL_REGISTRY_H
+#define ZQ_BASE_INTERNAL_REGISTRY_H
 
-#include "dbgBuildInfo.h"
-#include "inPackageInit.h"
-#include "trace.h"
+#include "../dbgBuildInfo.h"
+#include "../inPackageInit.h"
+#include "../trace.h"
 
 #include <map>
 #include <mutex>

@@ -1,10 +1,10 @@
 // The fast ways of single values against the plain rule, as bits. Records are those of makeRecord().
 
-#include "../../benchmarks/plainRules.h"
+#include "plainRules.h"
 #include "support/bits.h"
 #include "support/matrixReference.h"
 
-#include <zq/base/luDecomposition.h>
+#include <zq/base/lu/luDecomposition.h>
 #include <zq/primitives/geAffineMatrix3.h>
 #include <zq/primitives/geAlignedBox.h>
 #include <zq/primitives/geNormalizedPlane3.h>

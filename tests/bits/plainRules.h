@@ -1,5 +1,5 @@
-#ifndef ZQ_BENCHMARKS_PLAINRULES_H
-#define ZQ_BENCHMARKS_PLAINRULES_H
+#ifndef ZQ_TESTS_BITS_PLAINRULES_H
+#define ZQ_TESTS_BITS_PLAINRULES_H
 
 #include <algorithm>
 #include <array>

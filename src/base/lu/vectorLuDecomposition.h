@@ -1,9 +1,9 @@
-#ifndef ZQ_BASE_VECTORLUDECOMPOSITION_H
-#define ZQ_BASE_VECTORLUDECOMPOSITION_H
+#ifndef ZQ_BASE_LU_VECTORLUDECOMPOSITION_H
+#define ZQ_BASE_LU_VECTORLUDECOMPOSITION_H
 
-#include "floatUtil.h"
+#include "../floatUtil.h"
+#include "../registers.h"
 #include "luDecomposition.h"
-#include "registers.h"
 
 #include <cstddef>
 #include <cstdint>

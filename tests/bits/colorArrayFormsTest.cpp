@@ -1,10 +1,10 @@
 // RGB to HSV and back, one color and arrays at each level of instructions, against the plain rule, as bits.
 
-#include "../../benchmarks/plainRules.h"
-#include "support/bits.h"
+#include "levels.h"
+#include "plainRules.h"
 
 #include <zq/color/coHsvColor.h>
-#include <zq/color/kernels.h>
+#include <zq/color/kernels/kernels.h>
 
 using namespace ZqTest;
 
