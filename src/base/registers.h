@@ -5,15 +5,29 @@
 #include <cstring>
 #include <type_traits>
 
+#define ZQ_HAS_VECTOR_TYPES 0
+#if defined( __has_attribute )
+#    if __has_attribute( vector_size ) && __has_attribute( may_alias )
+#        undef ZQ_HAS_VECTOR_TYPES
+#        define ZQ_HAS_VECTOR_TYPES 1
+#    endif
+#endif
+
 namespace Zq
 {
 
-/// What the hot paths of the value classes are written in where the compiler does not find it by itself. Internal to the
-/// library.
+/// What the inlined bodies of the value classes are written in where the compiler does not find it by itself: several
+/// scalars in one register, and a choice without a jump. It is installed because those bodies are, and an implementation
+/// detail all the same: it may change with any version, and nothing outside the library should use it.
+///
+/// On a register + - * / and unary - work lane by lane as on scalars, with the same rounding, NaN and signs of zero, and
+/// [i] is lane i. A comparison makes a mask, integers of which each is -1 where it holds, else 0; a comparison with NaN
+/// does not hold, and -0 equals 0. mask ? a : b takes each lane as it is.
 namespace Detail
 {
 
-/// a or b without a jump, which a condition may become: for choices that no processor can predict.
+/// a where the condition holds, else b, without the jump that a conditional may become: for choices that no processor can
+/// predict. The bits as they are, NaN and the sign of zero included.
 template <class T>
 inline T select( bool condition, T a, T b )
 {
@@ -28,10 +42,12 @@ inline T select( bool condition, T a, T b )
     return a;
 }
 
-/// Whether there are registers of several T, on whose lanes + - * / < and ?: work as on scalars.
-#if defined( __GNUC__ )
-inline constexpr bool hasRegisters = true;
+/// Whether the compiler has registers of several T; without them the classes use scalars, with the same bits.
+inline constexpr bool hasRegisters = ZQ_HAS_VECTOR_TYPES;
 
+template <class T, int nbLanes>
+struct RegisterOf;
+#if ZQ_HAS_VECTOR_TYPES
 template <class T, int nbLanes>
 struct RegisterOf
 {
@@ -40,13 +56,9 @@ struct RegisterOf
     typedef T Unaligned __attribute__( ( vector_size( nbLanes * sizeof( T ) ), aligned( sizeof( T ) ), may_alias ) );
     // NOLINTEND(modernize-use-using)
 };
-#else
-inline constexpr bool hasRegisters = false;
-
-template <class T, int nbLanes>
-struct RegisterOf;
 #endif
 
+/// nbLanes of T in one register: two or four, of 32 bytes at most.
 template <class T, int nbLanes>
 using Register = typename RegisterOf<T, nbLanes>::Type;
 
@@ -76,9 +88,9 @@ inline Register<T, nbLanes> loadRegister( const void* scalars )
     return *static_cast<const typename RegisterOf<T, nbLanes>::Unaligned*>( scalars );
 }
 
-/// x on all lanes.
+/// x on all lanes, as it is.
 template <int nbLanes, class T>
-inline Register<T, nbLanes> spread( T x )
+inline Register<T, nbLanes> broadcast( T x )
 {
     if constexpr ( nbLanes == 4 )
         return Register<T, 4>{ x, x, x, x };
@@ -86,7 +98,7 @@ inline Register<T, nbLanes> spread( T x )
         return Register<T, 2>{ x, x };
 }
 
-/// Four scalars in a row that are going to be spread one by one, as [0] to [3]. AVX does so while it loads them; without
+/// Four scalars in a row that are going to be broadcast one by one, as [0] to [3]. AVX does so while it loads them; without
 /// it floats are shuffled out of one register.
 template <bool hasAvx, class T>
 inline auto loadFactors( const T* scalars )

@@ -1,6 +1,6 @@
 #include "geCullingCones.h"
 
-#include "kernels/kernels.h"
+#include "kernels/geCullingConesKernels.h"
 
 #include <ostream>
 
@@ -61,13 +61,13 @@ bool GeCullingCones::isEqual( const GeCullingCones& other, float lengthTolerance
 void GeCullingCones::isInFront(
     const GeCullingCones* cones, std::size_t count, const GePoint3<float>& p, unsigned char* verdicts )
 {
-    Detail::getGeSingleKernels().isInFront( cones, count, p, verdicts );
+    Detail::getKernels<Detail::GeCullingConesKernels>().isInFront( cones, count, p, verdicts );
 }
 
 void GeCullingCones::isBehind(
     const GeCullingCones* cones, std::size_t count, const GePoint3<float>& p, unsigned char* verdicts )
 {
-    Detail::getGeSingleKernels().isBehind( cones, count, p, verdicts );
+    Detail::getKernels<Detail::GeCullingConesKernels>().isBehind( cones, count, p, verdicts );
 }
 
 std::ostream& GeCullingCones::dump( std::ostream& os ) const

@@ -2,7 +2,7 @@
 
 #include "../base/trace.h"
 #include "internal/traceLevels.h"
-#include "kernels/kernels.h"
+#include "kernels/geShaftKernels.h"
 
 #include <ostream>
 #include <sstream>
@@ -236,12 +236,12 @@ Interval<float>::Containment GeShaft::overlapsExclude( const GeAlignedBox3<float
 
 void GeShaft::overlaps( const GeAlignedBox3<float>* boxes, std::size_t count, unsigned char* verdicts ) const
 {
-    Detail::getGeSingleKernels().overlaps( *this, boxes, count, verdicts );
+    Detail::getKernels<Detail::GeShaftKernels>().overlaps( *this, boxes, count, verdicts );
 }
 
 void GeShaft::overlapsExclude( const GeAlignedBox3<float>* boxes, std::size_t count, unsigned char* verdicts ) const
 {
-    Detail::getGeSingleKernels().overlapsExclude( *this, boxes, count, verdicts );
+    Detail::getKernels<Detail::GeShaftKernels>().overlapsExclude( *this, boxes, count, verdicts );
 }
 
 template <bool isExclude>

@@ -9,7 +9,12 @@
 #include <zq/primitives/geHomogeneousCoord3.h>
 #include <zq/primitives/geProjectiveMatrix3.h>
 #include <zq/primitives/geShaft.h>
-#include <zq/primitives/kernels/kernels.h>
+#include <zq/primitives/kernels/geAffineMatrix3Kernels.h>
+#include <zq/primitives/kernels/geAlignedBoxKernels.h>
+#include <zq/primitives/kernels/geCullingConesKernels.h>
+#include <zq/primitives/kernels/geFrustumKernels.h>
+#include <zq/primitives/kernels/geProjectiveMatrix3Kernels.h>
+#include <zq/primitives/kernels/geShaftKernels.h>
 
 using namespace ZqTest;
 
@@ -79,7 +84,7 @@ ZQ_TWIN_TEST( ArrayForms, Frustum )
             [&]( const Box& box ) { return expectVerdict( box, ZqPlain::classifyBox( plain, numbersOf<T>( box ) ) ); },
             &seen );
     };
-    forEachLevel( Detail::findGeKernels<T>, 400, check );
+    forEachLevel<Detail::GeFrustumKernels<T>>( 400, check );
     EXPECT_GT( *std::min_element( seen.begin() + 1, seen.end() ), 300 );
 }
 
@@ -123,48 +128,59 @@ ZQ_TWIN_TEST( ArrayForms, Boxes )
             EXPECT_TRUE( isSame<T>( bounds, grown ) ) << grown;
         }
     };
-    forEachLevel( Detail::findGeKernels<T>, 50, check );
+    forEachLevel<Detail::GeAlignedBoxKernels<T>>( 50, check );
 }
 
-ZQ_TWIN_TEST( ArrayForms, Matrices )
+ZQ_TWIN_TEST( ArrayForms, AffineMatrices )
 {
     using Point = GePoint3<T>;
+    using Vector = GeVector3<T>;
+    const auto check = []( const auto& kernels, Random& random, int )
+    {
+        auto columns = numbersOf<T>( makeRecord<T, GeProjectiveMatrix3<T>>( random ) );
+        GeAffineMatrix3<T> a;
+        for ( int i = 0; i < 12; ++i )
+            a( i / 4, i % 4 ) = columns[std::size_t( i / 4 + i % 4 * 4 )];
+        expectSameArray<T>(
+            random, 1000, makeRecord<T, Point>,
+            [&]( auto... items ) { kernels.transformPoints( columns.data(), items... ); },
+            [&]( const Point& p ) { return a * p; } );
+        const auto transformInPlace = [&]( const Vector* vectors, std::size_t count, Vector* results )
+        {
+            std::copy( vectors, vectors + count, results );
+            kernels.transformVectors( columns.data(), results, count, results );
+        };
+        expectSameArray<T>(
+            random, 1000, makeRecord<T, Vector>, transformInPlace, [&]( const Vector& v ) { return a * v; } );
+    };
+    forEachLevel<Detail::GeAffineMatrix3Kernels<T>>( 20, check );
+}
+
+ZQ_TWIN_TEST( ArrayForms, ProjectiveMatrices )
+{
     using Vector = GeVector3<T>;
     using Coord = GeHomogeneousCoord3<T>;
     const auto check = []( const auto& kernels, Random& random, int )
     {
         const auto m = makeRecord<T, GeProjectiveMatrix3<T>>( random );
-        GeAffineMatrix3<T> a;
-        for ( int i = 0; i < 12; ++i )
-            a( i / 4, i % 4 ) = m( i / 4, i % 4 );
-        const auto numbers = numbersOf<T>( m );
-        const T* const columns = numbers.data();
-        const auto compare = [&]( const auto& make, const auto& form, const auto& plain )
-        { expectSameArray<T>( random, 1000, make, form, plain ); };
-        compare(
-            makeRecord<T, Point>, [&]( auto... items ) { kernels.transformPoints( columns, items... ); },
-            [&]( const Point& p ) { return a * p; } );
-        const auto transformInPlace = [&]( const Vector* vectors, std::size_t count, Vector* results )
-        {
-            std::copy( vectors, vectors + count, results );
-            kernels.transformVectors( columns, results, count, results );
-        };
-        compare( makeRecord<T, Vector>, transformInPlace, [&]( const Vector& v ) { return a * v; } );
-        compare(
-            makeRecord<T, Coord>, [&]( auto... items ) { kernels.transformCoords( columns, items... ); },
+        const auto columns = numbersOf<T>( m );
+        expectSameArray<T>(
+            random, 1000, makeRecord<T, Coord>,
+            [&]( auto... items ) { kernels.transformCoords( columns.data(), items... ); },
             [&]( const Coord& h ) { return m * h; } );
-        compare(
-            makeRecord<T, Vector>, [&]( auto... items ) { kernels.projectVectors( columns, items... ); },
+        expectSameArray<T>(
+            random, 1000, makeRecord<T, Vector>,
+            [&]( auto... items ) { kernels.projectVectors( columns.data(), items... ); },
             [&]( const Vector& v ) { return m * v; } );
     };
-    forEachLevel( Detail::findGeKernels<T>, 20, check );
+    forEachLevel<Detail::GeProjectiveMatrix3Kernels<T>>( 20, check );
 }
 
 TEST( ArrayFormsSingle, CullingCones )
 {
     using Cones = GeCullingCones;
     Verdicts seen{};
-    const auto check = [&]( const Detail::GeSingleKernels& kernels, Random& random, int run )
+    const auto check = [&]( const auto& kernels, Random& random, int run )
     {
         const auto eye = makeRecord<float, GePoint3<float>>( random );
         const auto makeCones = [&]( Random& ) // some have their tip at the eye
@@ -181,7 +197,7 @@ TEST( ArrayFormsSingle, CullingCones )
         compare( kernels.isBehind, [&]( const Cones& cones ) { return cones.isBehind( eye ); } );
         compare( kernels.isInFront, [&]( const Cones& cones ) { return cones.isInFront( eye ); } );
     };
-    forEachLevel( Detail::findGeSingleKernels, 20, check );
+    forEachLevel<Detail::GeCullingConesKernels>( 20, check );
     EXPECT_GT( std::min( seen[0], seen[1] ), 2000 );
 }
 
@@ -189,7 +205,7 @@ TEST( ArrayFormsSingle, Shaft )
 {
     using Box = GeAlignedBox3<float>;
     Verdicts seen{};
-    const auto check = [&]( const Detail::GeSingleKernels& kernels, Random& random, int run )
+    const auto check = [&]( const auto& kernels, Random& random, int run )
     {
         // some boxes are around everything; single points are not widened, so that planes are met exactly
         const auto makeBox = [&]( Random& )
@@ -212,7 +228,7 @@ TEST( ArrayFormsSingle, Shaft )
             random, 400, makeBox, [&]( auto... items ) { kernels.overlapsExclude( shaft, items... ); },
             [&]( const Box& box ) { return shaft.overlapsExclude( box ); } );
     };
-    forEachLevel( Detail::findGeSingleKernels, 50, check );
+    forEachLevel<Detail::GeShaftKernels>( 50, check );
     EXPECT_GT( *std::min_element( seen.begin(), seen.end() ), 100 );
 }
 

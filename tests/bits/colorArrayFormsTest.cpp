@@ -4,7 +4,7 @@
 #include "plainRules.h"
 
 #include <zq/color/coHsvColor.h>
-#include <zq/color/kernels/kernels.h>
+#include <zq/color/kernels/coHsvColorKernels.h>
 
 using namespace ZqTest;
 
@@ -42,7 +42,7 @@ ZQ_TWIN_TEST( ColorArrayForms, Conversions )
         expectSameArray<T>(
             random, 10000, make, [&]( auto... items ) { kernels.convertToRgb( items... ); }, toRgb );
     };
-    forEachLevel( Detail::findCoKernels<T>, 2, check );
+    forEachLevel<Detail::CoHsvColorKernels<T>>( 2, check );
 }
 
 } // namespace

@@ -10,11 +10,12 @@ namespace ZqTest
 
 /// Runs check( kernels, random, run ) for each of the runs at every level of instructions that this machine has.
 template <class Kernels, class Check>
-void forEachLevel( const Kernels* ( *find )( Zq::Detail::KernelLevel ), int nbRuns, const Check& check )
+void forEachLevel( int nbRuns, const Check& check )
 {
     for ( int level = 0; level < Zq::Detail::NB_KERNEL_LEVELS; ++level )
     {
-        const Kernels* const kernels = find( static_cast<Zq::Detail::KernelLevel>( level ) );
+        const Kernels* const kernels =
+            Zq::Detail::findKernels<Kernels>( static_cast<Zq::Detail::KernelLevel>( level ) );
         ASSERT_EQ( kernels != nullptr, level <= Zq::Detail::getKernelLevel() );
         SCOPED_TRACE( testing::Message() << "level " << level );
         Random random( wideSeed() );

@@ -26,16 +26,25 @@ enum KernelLevel
 /// The highest level that this processor and operating system have.
 ZQ_BASE_API KernelLevel getKernelLevel();
 
-/// The sets of kernels that the compiler could make, by level.
-template <class Kernels>
-struct KernelSets
+/// A table of kernels is a struct of pointers to functions, one struct for each class with array forms, and
+///
+///     static const Table* const byLevel[NB_KERNEL_LEVELS];
+///
+/// in it: the tables that the compiler could make, by level, else null. They are constants, so that nothing runs at load.
+///
+/// The table of a level; null where the processor, or the compiler, does not go so far.
+template <class Table>
+const Table* findKernels( KernelLevel level )
 {
-    const Kernels* sets[NB_KERNEL_LEVELS];
+    return level <= getKernelLevel() ? Table::byLevel[level] : nullptr;
+}
 
-    /// Null where the processor does not go so far.
-    const Kernels* find( KernelLevel level ) const { return level <= getKernelLevel() ? sets[level] : nullptr; }
-    const Kernels& getBest() const { return *sets[getKernelLevel()]; }
-};
+/// The table of the highest level there is.
+template <class Table>
+const Table& getKernels()
+{
+    return *Table::byLevel[getKernelLevel()];
+}
 
 } // namespace Detail
 

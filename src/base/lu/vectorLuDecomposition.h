@@ -15,34 +15,35 @@ namespace Zq
 namespace Detail
 {
 
-#if defined( __GNUC__ )
+#if ZQ_HAS_VECTOR_TYPES
 
-/// Four elements in registers of 16 bytes, which every processor of a supported family has.
+/// Four elements in registers of 16 bytes, which every processor of a supported family has. Words are those of
+/// ../lanes/lanes.imp: a Value is a register of lanes, and a Mask has -1 or 0 in each.
 template <class T>
 struct LuLanes;
 
 template <>
 struct LuLanes<float>
 {
-    using Vector = Register<float, 4>;
+    using Value = Register<float, 4>;
     using Mask [[gnu::vector_size( 16 )]] = std::int32_t;
     struct Row
     {
-        Vector parts[1];
+        Value parts[1];
     };
-    static Row makeRow( float a, float b, float c, float d ) { return { { Vector{ a, b, c, d } } }; }
+    static Row makeRow( float a, float b, float c, float d ) { return { { Value{ a, b, c, d } } }; }
 };
 
 template <>
 struct LuLanes<double>
 {
-    using Vector = Register<double, 2>;
+    using Value = Register<double, 2>;
     using Mask [[gnu::vector_size( 16 )]] = std::int64_t;
     struct Row
     {
-        Vector parts[2];
+        Value parts[2];
     };
-    static Row makeRow( double a, double b, double c, double d ) { return { { Vector{ a, b }, Vector{ c, d } } }; }
+    static Row makeRow( double a, double b, double c, double d ) { return { { Value{ a, b }, Value{ c, d } } }; }
 };
 
 /// LuDecomposition for 3 or 4 rows, without jumps that depend on the data and with the same bits, NaN and infinity
@@ -66,7 +67,7 @@ public:
 
 private:
     using Lanes = LuLanes<T>;
-    using Vector = typename Lanes::Vector;
+    using Value = typename Lanes::Value;
     using Mask = typename Lanes::Mask;
     using Row = typename Lanes::Row;
     static constexpr int size = static_cast<int>( rows );
@@ -76,18 +77,18 @@ private:
 
     static T get( const Row& row, int lane ) { return row.parts[lane / width][lane % width]; }
     template <int lane>
-    static Vector spread( const Row& row )
+    static Value broadcast( const Row& row )
     {
-        return Detail::spread<width>( row.parts[lane / width][lane % width] );
+        return Detail::broadcast<width>( row.parts[lane / width][lane % width] );
     }
-    static Vector select( Mask mask, Vector a, Vector b )
+    static Value select( Mask mask, Value a, Value b )
     {
-        return reinterpret_cast<Vector>(
+        return reinterpret_cast<Value>(
             ( reinterpret_cast<Mask>( a ) & mask ) | ( reinterpret_cast<Mask>( b ) & ~mask ) );
     }
     /// The lanes of a whose bits are set, else those of b. Comparisons of constants would make GCC 12 fail at -O1.
     template <int lanes>
-    static Row blend( const Row& a, const Row& b )
+    static Row selectLanes( const Row& a, const Row& b )
     {
         if constexpr ( nbParts == 1 )
         {
@@ -98,13 +99,13 @@ private:
             return Lanes::makeRow( get( lanes & 1 ? a : b, 0 ), get( lanes & 2 ? a : b, 1 ),
                 get( lanes & 4 ? a : b, 2 ), get( lanes & 8 ? a : b, 3 ) );
     }
-    static Vector abs( Vector v )
+    static Value abs( Value v )
     {
-        return select( reinterpret_cast<Mask>( Detail::spread<width>( -T( 0 ) ) ), Vector{}, v );
+        return select( reinterpret_cast<Mask>( Detail::broadcast<width>( -T( 0 ) ) ), Value{}, v );
     }
-    /// a where both are equal or one is NaN: a comparison that the processor has in one instruction.
-    static Vector larger( Vector a, Vector b ) { return b > a ? b : a; }
-    static Vector smaller( Vector a, Vector b ) { return b < a ? b : a; }
+    /// The first where both are equal, be it -0 and 0, or either is NaN: the processor has these in one instruction.
+    static Value largerElseFirst( Value a, Value b ) { return b > a ? b : a; }
+    static Value smallerElseFirst( Value a, Value b ) { return b < a ? b : a; }
     static Row makeUnit( int lane ) { return Lanes::makeRow( lane == 0, lane == 1, lane == 2, lane == 3 ); }
 
     template <int step>
@@ -118,7 +119,7 @@ private:
 
     Row _rows[rows]; // U, and below the diagonal the inverse of L
     Row _scales;
-    Vector _least;   // of all that must not count as zero, in its lanes
+    Value _least;    // of all that must not count as zero, in its lanes
     unsigned _order; // the row of A that is pivot k, in byte k
     bool _isOdd;
 };
@@ -133,9 +134,9 @@ inline bool VectorLuDecomposition<T, rows>::decompose( const Matrix& m )
     {
         const Row column = Lanes::makeRow( m( 0, j ), m( 1, j ), m( 2, j ), size > 3 ? m( size - 1, j ) : T( 1 ) );
         for ( int n = 0; n < nbParts; ++n )
-            largest.parts[n] = larger( largest.parts[n], abs( column.parts[n] ) );
+            largest.parts[n] = largerElseFirst( largest.parts[n], abs( column.parts[n] ) );
     }
-    _least = smaller( largest.parts[0], largest.parts[nbParts - 1] );
+    _least = smallerElseFirst( largest.parts[0], largest.parts[nbParts - 1] );
     for ( int n = 0; n < nbParts; ++n )
         _scales.parts[n] = T( 1 ) / largest.parts[n];
     for ( int i = 0; i < size; ++i )
@@ -147,11 +148,11 @@ inline bool VectorLuDecomposition<T, rows>::decompose( const Matrix& m )
     if constexpr ( size > 3 )
         eliminate<1>();
     eliminate<size - 2>();
-    _least = smaller( _least, abs( spread<size - 1>( _rows[size - 1] ) ) );
+    _least = smallerElseFirst( _least, abs( broadcast<size - 1>( _rows[size - 1] ) ) );
 
     constexpr T zero = sizeof( T ) == sizeof( float ) ? static_cast<T>( FloatUtil::defaultFloatTolerance )
                                                       : static_cast<T>( FloatUtil::defaultDoubleTolerance );
-    const Mask isZero = _least < Detail::spread<width>( zero );
+    const Mask isZero = _least < Detail::broadcast<width>( zero );
     std::int64_t halves[2];
     std::memcpy( halves, &isZero, sizeof halves );
     return ( halves[0] | halves[1] ) == 0;
@@ -200,23 +201,24 @@ inline void VectorLuDecomposition<T, rows>::eliminate()
         weights.parts[n] = _scales.parts[n] * abs( column.parts[n] );
         reciprocals.parts[n] = T( 1 ) / column.parts[n];
     }
-    const Vector weight[4] = { spread<0>( weights ), spread<1>( weights ), spread<2>( weights ), spread<3>( weights ) };
-    const Vector inverse[4] = {
-        spread<0>( reciprocals ), spread<1>( reciprocals ), spread<2>( reciprocals ), spread<3>( reciprocals ) };
+    const Value weight[4] = {
+        broadcast<0>( weights ), broadcast<1>( weights ), broadcast<2>( weights ), broadcast<3>( weights ) };
+    const Value inverse[4] = { broadcast<0>( reciprocals ), broadcast<1>( reciprocals ), broadcast<2>( reciprocals ),
+        broadcast<3>( reciprocals ) };
 
     Row pivot = _rows[step];
-    Vector reciprocal = inverse[step];
-    Vector heaviest = larger( Vector{}, weight[step] );
+    Value reciprocal = inverse[step];
+    Value heaviest = largerElseFirst( Value{}, weight[step] );
     Mask wins[rows];
     int p = step;
     for ( int i = step + 1; i < size; ++i )
     {
         wins[i] = weight[i] >= heaviest;
-        heaviest = larger( heaviest, weight[i] );
+        heaviest = largerElseFirst( heaviest, weight[i] );
         for ( int n = 0; n < nbParts; ++n )
             pivot.parts[n] = select( wins[i], _rows[i].parts[n], pivot.parts[n] );
         reciprocal = select( wins[i], inverse[i], reciprocal );
-        p ^= ( p ^ i ) & static_cast<int>( wins[i][0] ); // a choice in C++ becomes a jump
+        p ^= ( p ^ i ) & static_cast<int>( wins[i][0] ); // if ( wins ) p = i, which would become a jump
     }
     // the last to win is the pivot: its place gets the row of this step
     Mask later{};
@@ -230,14 +232,14 @@ inline void VectorLuDecomposition<T, rows>::eliminate()
     const unsigned change = ( _order >> ( 8 * step ) ^ _order >> ( 8 * p ) ) & 255U;
     _order ^= change << ( 8 * step ) ^ change << ( 8 * p );
     _isOdd ^= p != step;
-    _least = smaller( _least, abs( spread<step>( pivot ) ) );
+    _least = smallerElseFirst( _least, abs( broadcast<step>( pivot ) ) );
 
     // the column of this step becomes one of the right-hand side, where the pivot has 1 and the rows below 0
-    pivot = blend<1 << step>( makeUnit( step ), pivot );
+    pivot = selectLanes<1 << step>( makeUnit( step ), pivot );
     for ( int i = step + 1; i < size; ++i )
     {
-        const Vector factor = spread<step>( _rows[i] ) * reciprocal;
-        const Row row = blend<1 << step>( Row{}, _rows[i] );
+        const Value factor = broadcast<step>( _rows[i] ) * reciprocal;
+        const Row row = selectLanes<1 << step>( Row{}, _rows[i] );
         for ( int n = 0; n < nbParts; ++n )
             _rows[i].parts[n] = row.parts[n] - factor * pivot.parts[n];
     }
@@ -248,10 +250,10 @@ template <class T, std::size_t rows>
 template <int row>
 inline void VectorLuDecomposition<T, rows>::solve( Row ( &x )[rows] ) const
 {
-    Row r = blend<( 1 << row ) - 1>( _rows[row], makeUnit( row ) );
+    Row r = selectLanes<( 1 << row ) - 1>( _rows[row], makeUnit( row ) );
     subtract<row, row + 1>( r, x );
     for ( int n = 0; n < nbParts; ++n )
-        x[row].parts[n] = r.parts[n] / spread<row>( _rows[row] );
+        x[row].parts[n] = r.parts[n] / broadcast<row>( _rows[row] );
     if constexpr ( row > 0 )
         solve<row - 1>( x );
 }
@@ -263,7 +265,7 @@ inline void VectorLuDecomposition<T, rows>::subtract( Row& r, const Row ( &x )[r
     if constexpr ( column < size )
     {
         for ( int n = 0; n < nbParts; ++n )
-            r.parts[n] -= spread<column>( _rows[row] ) * x[column].parts[n];
+            r.parts[n] -= broadcast<column>( _rows[row] ) * x[column].parts[n];
         subtract<row, column + 1>( r, x );
     }
 }
