@@ -134,6 +134,7 @@ inline bool VectorLuDecomposition<T, rows>::decompose( const Matrix& m )
     {
         const Row column = Lanes::makeRow( m( 0, j ), m( 1, j ), m( 2, j ), size > 3 ? m( size - 1, j ) : T( 1 ) );
         for ( int n = 0; n < nbParts; ++n )
+            // if ( abs( m( i, j ) ) > largest[i] ) largest[i] = abs( m( i, j ) ), for all rows i
             largest.parts[n] = largerElseFirst( largest.parts[n], abs( column.parts[n] ) );
     }
     _least = smallerElseFirst( largest.parts[0], largest.parts[nbParts - 1] );
@@ -152,6 +153,7 @@ inline bool VectorLuDecomposition<T, rows>::decompose( const Matrix& m )
 
     constexpr T zero = sizeof( T ) == sizeof( float ) ? static_cast<T>( FloatUtil::defaultFloatTolerance )
                                                       : static_cast<T>( FloatUtil::defaultDoubleTolerance );
+    // for each pivot and largest of a row: if ( FloatUtil::isEqual( x, 0 ) ) return false
     const Mask isZero = _least < Detail::broadcast<width>( zero );
     std::int64_t halves[2];
     std::memcpy( halves, &isZero, sizeof halves );
@@ -198,6 +200,7 @@ inline void VectorLuDecomposition<T, rows>::eliminate()
     Row reciprocals;
     for ( int n = 0; n < nbParts; ++n )
     {
+        // weight[i] = scale[i] * abs( a[i][step] ), inverse[i] = 1 / a[i][step]
         weights.parts[n] = _scales.parts[n] * abs( column.parts[n] );
         reciprocals.parts[n] = T( 1 ) / column.parts[n];
     }
@@ -213,18 +216,20 @@ inline void VectorLuDecomposition<T, rows>::eliminate()
     int p = step;
     for ( int i = step + 1; i < size; ++i )
     {
+        // if ( weight[i] >= heaviest ) { heaviest = weight[i]; pivot = rows[i]; reciprocal = inverse[i]; p = i; }
         wins[i] = weight[i] >= heaviest;
         heaviest = largerElseFirst( heaviest, weight[i] );
         for ( int n = 0; n < nbParts; ++n )
             pivot.parts[n] = select( wins[i], _rows[i].parts[n], pivot.parts[n] );
         reciprocal = select( wins[i], inverse[i], reciprocal );
-        p ^= ( p ^ i ) & static_cast<int>( wins[i][0] ); // if ( wins ) p = i, which would become a jump
+        p ^= ( p ^ i ) & static_cast<int>( wins[i][0] ); // a choice in C++ becomes a jump
     }
     // the last to win is the pivot: its place gets the row of this step
     Mask later{};
     for ( int i = size - 1; i > step; --i )
     {
         for ( int n = 0; n < nbParts; ++n )
+            // if ( i == p ) rows[i] = rows[step]
             _rows[i].parts[n] = select( wins[i] & ~later, _rows[step].parts[n], _rows[i].parts[n] );
         later |= wins[i];
     }
@@ -241,6 +246,7 @@ inline void VectorLuDecomposition<T, rows>::eliminate()
         const Value factor = broadcast<step>( _rows[i] ) * reciprocal;
         const Row row = selectLanes<1 << step>( Row{}, _rows[i] );
         for ( int n = 0; n < nbParts; ++n )
+            // a[i][k] -= ( a[i][step] * reciprocal ) * a[step][k], for all columns k
             _rows[i].parts[n] = row.parts[n] - factor * pivot.parts[n];
     }
 }
