@@ -1,8 +1,7 @@
 #include "geCullingCones.h"
 
+#include "../base/text/textWriter.imp"
 #include "kernels/kernels.h"
-
-#include <ostream>
 
 namespace Zq
 {
@@ -72,8 +71,7 @@ void GeCullingCones::isBehind(
 
 std::ostream& GeCullingCones::dump( std::ostream& os ) const
 {
-    return os << "cullingCones( backfacingApex=" << _backfacingApex << ", frontfacingOffset=" << _frontfacingOffset
-              << ", cosBeta=" << _cosBeta << ", " << _cone << " )";
+    return Detail::dumpText( os, *this );
 }
 
 } // namespace Zq
