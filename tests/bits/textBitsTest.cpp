@@ -284,11 +284,7 @@ ZQ_TWIN_TEST( TextBits, output )
             random, CoRgbColorT<T>(), []( auto& os, const T* v ) { os << v[0] << ' ' << v[1] << ' ' << v[2]; } );
         expectSameOutput<T>( random, GeQuaternion3<T>(),
             []( auto& os, const T* v )
-            {
-                os << '[';
-                writeTuple( os, v, 3 );
-                os << ", " << v[3] << ']';
-            } );
+            { os << "[(" << v[0] << ", " << v[1] << ", " << v[2] << "), " << v[3] << "]"; } );
     }
 }
 
@@ -301,14 +297,14 @@ ZQ_TWIN_TEST( TextBits, outputOfParts )
         expectSameOutput<T>( random, GeAlignedBox3<T>(), writeBox<T> );
         expectSameOutput<T>( random, GeNormalizedPlane3<T>(), []( auto& os, const T* v ) { writePlane( os, v ); } );
         expectSameOutput<T>(
-            random, GeScale3<T>(), []( auto& os, const T* v ) { writeTuple( os << "Scale3", v, 3 ); } );
+            random, GeScale3<T>( 1, 1, 1 ), []( auto& os, const T* v ) { writeTuple( os << "Scale3", v, 3 ); } );
         expectSameOutput<T>( random, GeSphere3<T>(),
             []( auto& os, const T* v )
             {
                 writeTuple( os << "GeSphere {", v, 3 );
                 os << ", " << v[3] << "} ";
             } );
-        expectSameOutput<float>( random, GeAnchoredCone( {}, {}, 0, 0 ),
+        expectSameOutput<float>( random, GeAnchoredCone( GeFloatingCone( { 0, 0, 1 }, 0 ), {}, 0, 0 ),
             []( auto& os, const float* v )
             {
                 writeTuple( os << "anchoredCone( bottomCenter=", v + 4, 3 );
