@@ -1,5 +1,7 @@
 #include "interval.h"
 
+#include "text/textWriter.imp"
+
 namespace Zq
 {
 
@@ -28,6 +30,12 @@ const typename Interval<T>::Containment Interval<T>::_exclContMap[8] = {
     OVERLAP, // 6: reaches outside and meets
     CONTAIN  // 7: reaches outside, meets and covers
 };
+
+template <class T>
+std::ostream& Interval<T>::dump( std::ostream& os ) const
+{
+    return Detail::dumpText( os, *this );
+}
 
 template class Interval<float>;
 template class Interval<double>;

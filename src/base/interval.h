@@ -3,6 +3,7 @@
 
 #include "forward.h"
 
+#include <iosfwd>
 #include <type_traits>
 
 namespace Zq
@@ -13,6 +14,8 @@ namespace Zq
 /// An interval with max < min is empty. Every operation uses exactly the comparisons that it states, so a NaN bound
 /// makes each of them false: then isEmpty() is false and isNotEmpty() true, hasVolume() false, and nothing is contained.
 /// Operations come in pairs: the plain name counts the boundaries, the name with the suffix Exclude does not.
+///
+/// Text form: "[ 0, 1 ]", lower bound first; empty intervals alike.
 template <class T>
 class ZQ_BASE_API Interval
 {
@@ -68,6 +71,12 @@ public:
     /// Both bounds within the tolerance, strictly; see FloatUtil::isEqual.
     bool isEqual( const Interval<T>& other, T tolerance ) const;
 
+    /// Feeds the items of the text form to `out` with <<: characters, literals and numbers. See docs/textForms.md.
+    template <class Out>
+    void writeText( Out& out ) const;
+    /// Writes the text form; no line end.
+    std::ostream& dump( std::ostream& os ) const;
+
     T min;
     T max;
 
@@ -80,6 +89,8 @@ template <class T>
 bool operator==( const Interval<T>& a, const Interval<T>& b );
 template <class T>
 bool operator!=( const Interval<T>& a, const Interval<T>& b );
+template <class T>
+std::ostream& operator<<( std::ostream& os, const Interval<T>& interval );
 
 } // namespace Zq
 

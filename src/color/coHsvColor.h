@@ -59,6 +59,9 @@ public:
     static void convertFromRgb( const CoRgbColorT<T>* colors, std::size_t count, CoHsvColorT<T>* results );
     static void convertToRgb( const CoHsvColorT<T>* colors, std::size_t count, CoRgbColorT<T>* results );
 
+    /// Feeds the items of the text form to `out` with <<: characters, literals and numbers. See docs/textForms.md.
+    template <class Out>
+    void writeText( Out& out ) const;
     /// Writes the text form; nothing before or after it.
     std::ostream& dump( std::ostream& os ) const;
     /// Reads three numbers, white space before each is skipped. On failure the colour is unchanged and the stream has

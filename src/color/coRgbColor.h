@@ -52,6 +52,9 @@ public:
     /// gives NaN unless gamma is an integer.
     CoRgbColorT<T> gammaCorrect( T gamma ) const;
 
+    /// Feeds the items of the text form to `out` with <<: characters, literals and numbers. See docs/textForms.md.
+    template <class Out>
+    void writeText( Out& out ) const;
     /// Writes the text form; nothing before or after it.
     std::ostream& dump( std::ostream& os ) const;
     /// Reads three numbers, white space before each is skipped. On failure the colour is unchanged and the stream has

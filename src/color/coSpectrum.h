@@ -77,6 +77,9 @@ public:
     /// by 0, so that black stays black.
     CoSpectrumT<T> computeScaledTo( T luminance ) const;
 
+    /// Feeds the items of the text form to `out` with <<: characters, literals and numbers. See docs/textForms.md.
+    template <class Out>
+    void writeText( Out& out ) const;
     /// Writes the text form; nothing before or after it.
     std::ostream& dump( std::ostream& os ) const;
     /// Reads three numbers, white space before each is skipped. On failure the spectrum is unchanged and the stream

@@ -79,6 +79,9 @@ public:
     /// in any case, as -( B t ) with B the linear block that `inverse` holds by then.
     void computeInverseAndDeterminant( GeAffineMatrix3<T>& inverse, T& determinant ) const;
 
+    /// Feeds the items of the text form to `out` with <<: characters, literals and numbers. See docs/textForms.md.
+    template <class Out>
+    void writeText( Out& out ) const;
     /// Writes the text form, four lines.
     std::ostream& dump( std::ostream& os ) const;
 

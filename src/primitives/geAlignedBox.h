@@ -105,6 +105,9 @@ public:
     static void intersectLine( const GeAlignedBox3<T>* boxes, std::size_t count, const GePoint3<T>& origin,
         const GeVector3<T>& direction, Interval<T>* ranges );
 
+    /// Feeds the items of the text form to `out` with <<: characters, literals and numbers. See docs/textForms.md.
+    template <class Out>
+    void writeText( Out& out ) const;
     /// Writes the text form; no line end.
     std::ostream& dump( std::ostream& os ) const;
 

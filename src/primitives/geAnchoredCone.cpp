@@ -1,5 +1,7 @@
 #include "geAnchoredCone.h"
 
+#include "../base/text/textWriter.imp"
+
 namespace Zq
 {
 
@@ -22,6 +24,11 @@ bool GeAnchoredCone::isEqual( const GeAnchoredCone& other, float lengthTolerance
         FloatUtil::isEqual( _bottomRadius, other._bottomRadius, lengthTolerance ) &&
         FloatUtil::isEqual( _height, other._height, lengthTolerance ) &&
         FloatUtil::isEqual( _tangent, other._tangent, tangentTolerance );
+}
+
+std::ostream& GeAnchoredCone::dump( std::ostream& os ) const
+{
+    return Detail::dumpText( os, *this );
 }
 
 } // namespace Zq

@@ -3,6 +3,7 @@
 
 #include "geFloatingCone.h"
 
+#include <iosfwd>
 #include <type_traits>
 
 namespace Zq
@@ -23,6 +24,8 @@ namespace Zq
 ///
 /// GeCullingCones holds the two regions and says what they are good for. Nothing is checked: a semi-angle of 0 puts the
 /// apex infinitely far away, one beyond a right angle makes t negative.
+///
+/// Text form: "anchoredCone( bottomCenter=(0, 0, 0), bottomRadius=1, height=2, floatingCone( ... ) )".
 class ZQ_PRIMITIVES_API GeAnchoredCone
 {
 public:
@@ -59,6 +62,12 @@ public:
     float getFrontfacingDistance() const;
     GePoint3<float> getFrontfacingApex() const;
 
+    /// Feeds the items of the text form to `out` with <<: characters, literals and numbers. See docs/textForms.md.
+    template <class Out>
+    void writeText( Out& out ) const;
+    /// Writes the text form; no line end.
+    std::ostream& dump( std::ostream& os ) const;
+
 private:
     GeFloatingCone _cone;
     GePoint3<float> _bottomCenter;
@@ -66,6 +75,8 @@ private:
     float _height;
     float _tangent;
 };
+
+std::ostream& operator<<( std::ostream& os, const GeAnchoredCone& cone );
 
 } // namespace Zq
 

@@ -1,8 +1,11 @@
 #include "geCullingCones.h"
 
+<<<<<<< HEAD
 #include "kernels/geCullingConesKernels.h"
-
-#include <ostream>
+=======
+#include "../base/text/textWriter.imp"
+#include "kernels/kernels.h"
+>>>>>>> text
 
 namespace Zq
 {
@@ -72,8 +75,7 @@ void GeCullingCones::isBehind(
 
 std::ostream& GeCullingCones::dump( std::ostream& os ) const
 {
-    return os << "cullingCones( backfacingApex=" << _backfacingApex << ", frontfacingOffset=" << _frontfacingOffset
-              << ", cosBeta=" << _cosBeta << ", " << _cone << " )";
+    return Detail::dumpText( os, *this );
 }
 
 } // namespace Zq

@@ -78,6 +78,9 @@ public:
     static void isBehind(
         const GeCullingCones* cones, std::size_t count, const GePoint3<float>& p, unsigned char* verdicts );
 
+    /// Feeds the items of the text form to `out` with <<: characters, literals and numbers. See docs/textForms.md.
+    template <class Out>
+    void writeText( Out& out ) const;
     /// Writes the text form; no line end.
     std::ostream& dump( std::ostream& os ) const;
 

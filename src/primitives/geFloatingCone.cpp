@@ -1,6 +1,7 @@
 #include "geFloatingCone.h"
 
 #include "../base/assertions.h"
+#include "../base/text/textWriter.imp"
 #include "../base/trace.h"
 #include "internal/traceLevels.h"
 
@@ -66,7 +67,7 @@ void GeFloatingCone::expand( const GeFloatingCone& other )
 
 std::ostream& GeFloatingCone::dump( std::ostream& os ) const
 {
-    return os << "floatingCone( axis=" << _axis << ", alpha=" << _semiAngle << " )";
+    return Detail::dumpText( os, *this );
 }
 
 } // namespace Zq

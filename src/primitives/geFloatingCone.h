@@ -64,6 +64,9 @@ public:
     /// short of 1; a sphere misses directions only where the dot product is rounded below -1.
     bool contains( const GeUnitVector3<float>& direction ) const;
 
+    /// Feeds the items of the text form to `out` with <<: characters, literals and numbers. See docs/textForms.md.
+    template <class Out>
+    void writeText( Out& out ) const;
     /// Writes the text form; no line end.
     std::ostream& dump( std::ostream& os ) const;
 

@@ -89,6 +89,9 @@ public:
     /// "count <= 0xFFFFFFFF" (src/primitives/geFrustum.inline).
     std::size_t findNotOutside( const GeAlignedBox3<T>* boxes, std::size_t count, std::uint32_t* indices ) const;
 
+    /// Feeds the items of the text form to `out` with <<: characters, literals and numbers. See docs/textForms.md.
+    template <class Out>
+    void writeText( Out& out ) const;
     /// Writes the text form.
     void dump( std::ostream& os ) const;
 

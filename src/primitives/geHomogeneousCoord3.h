@@ -54,6 +54,9 @@ public:
     GeHomogeneousCoord3<T> operator/( T divisor ) const;
     GeHomogeneousCoord3<T>& operator/=( T divisor );
 
+    /// Feeds the items of the text form to `out` with <<: characters, literals and numbers. See docs/textForms.md.
+    template <class Out>
+    void writeText( Out& out ) const;
     /// Writes the text form; no line end.
     std::ostream& dump( std::ostream& os ) const;
 

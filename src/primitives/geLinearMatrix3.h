@@ -73,6 +73,9 @@ public:
     /// outputs as they were, without a report: give `determinant` the value 0 beforehand to tell.
     void computeInverseAndDeterminant( GeLinearMatrix3<T>& inverse, T& determinant ) const;
 
+    /// Feeds the items of the text form to `out` with <<: characters, literals and numbers. See docs/textForms.md.
+    template <class Out>
+    void writeText( Out& out ) const;
     /// Writes the text form, three lines.
     std::ostream& dump( std::ostream& os ) const;
 

@@ -52,6 +52,9 @@ public:
     /// very short direction parallel too, so give directions a length near 1. NaN is not parallel; t becomes NaN.
     bool intersectRay( const GePoint3<T>& origin, const GeVector3<T>& direction, T& t ) const;
 
+    /// Feeds the items of the text form to `out` with <<: characters, literals and numbers. See docs/textForms.md.
+    template <class Out>
+    void writeText( Out& out ) const;
     /// Writes the text form; no line end.
     std::ostream& dump( std::ostream& os ) const;
 

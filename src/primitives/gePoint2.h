@@ -53,6 +53,9 @@ public:
     static GePoint2<T> computeMin( const GePoint2<T>& a, const GePoint2<T>& b );
     static GePoint2<T> computeMax( const GePoint2<T>& a, const GePoint2<T>& b );
 
+    /// Feeds the items of the text form to `out` with <<: characters, literals and numbers. See docs/textForms.md.
+    template <class Out>
+    void writeText( Out& out ) const;
     /// Writes the text form; no line end.
     std::ostream& dump( std::ostream& os ) const;
     /// Reads the text form, as GeVector2::read does.

@@ -54,6 +54,9 @@ public:
     static GePoint3<T> computeMin( const GePoint3<T>& a, const GePoint3<T>& b );
     static GePoint3<T> computeMax( const GePoint3<T>& a, const GePoint3<T>& b );
 
+    /// Feeds the items of the text form to `out` with <<: characters, literals and numbers. See docs/textForms.md.
+    template <class Out>
+    void writeText( Out& out ) const;
     /// Writes the text form; no line end.
     std::ostream& dump( std::ostream& os ) const;
     /// Reads the text form, as GeVector3::read does.

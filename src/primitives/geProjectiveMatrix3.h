@@ -76,6 +76,9 @@ public:
     /// outputs as they were, without a report: give `determinant` the value 0 beforehand to tell.
     void computeInverseAndDeterminant( GeProjectiveMatrix3<T>& inverse, T& determinant ) const;
 
+    /// Feeds the items of the text form to `out` with <<: characters, literals and numbers. See docs/textForms.md.
+    template <class Out>
+    void writeText( Out& out ) const;
     /// Writes the text form, four lines.
     std::ostream& dump( std::ostream& os ) const;
 

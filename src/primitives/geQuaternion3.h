@@ -203,6 +203,9 @@ public:
     /// p mirrored about the unit quaternion q: as far beyond q as p is before it.
     static GeQuaternion3<T> doub( const GeQuaternion3<T>& p, const GeQuaternion3<T>& q );
 
+    /// Feeds the items of the text form to `out` with <<: characters, literals and numbers. See docs/textForms.md.
+    template <class Out>
+    void writeText( Out& out ) const;
     /// Writes the text form; no line end.
     std::ostream& dump( std::ostream& os ) const;
     /// Reads the text form; white space is accepted before every item. On any failure the quaternion is unchanged and

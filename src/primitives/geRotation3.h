@@ -86,6 +86,9 @@ public:
     /// The transpose.
     GeRotation3<T> computeInverse() const;
 
+    /// Feeds the items of the text form to `out` with <<: characters, literals and numbers. See docs/textForms.md.
+    template <class Out>
+    void writeText( Out& out ) const;
     /// Writes the text form, three lines.
     std::ostream& dump( std::ostream& os ) const;
 

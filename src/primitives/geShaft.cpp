@@ -1,5 +1,6 @@
 #include "geShaft.h"
 
+#include "../base/text/textWriter.imp"
 #include "../base/trace.h"
 #include "internal/traceLevels.h"
 #include "kernels/geShaftKernels.h"
@@ -279,17 +280,7 @@ Interval<float>::Containment GeShaft::computeOverlap( const GeAlignedBox3<float>
 
 void GeShaft::dump( std::ostream& os ) const
 {
-    if ( _refBox1.isEmpty() )
-    {
-        os << "Uninitialized shaft" << std::endl;
-        return;
-    }
-    os << "Ref.box 1=" << _refBox1 << std::endl;
-    os << "Ref.box 2=" << _refBox2 << std::endl;
-    os << "Extent box=" << _extentBox << std::endl;
-    os << "Plane set=" << std::endl;
-    for ( int i = 0; i < _nbPlanes; ++i )
-        os << ' ' << _planeSet[i] << std::endl;
+    Detail::dumpLines( os, *this );
 }
 
 } // namespace Zq

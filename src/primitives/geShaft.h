@@ -84,6 +84,9 @@ public:
     void overlaps( const GeAlignedBox3<float>* boxes, std::size_t count, unsigned char* verdicts ) const;
     void overlapsExclude( const GeAlignedBox3<float>* boxes, std::size_t count, unsigned char* verdicts ) const;
 
+    /// Feeds the items of the text form to `out` with <<: characters, literals and numbers. See docs/textForms.md.
+    template <class Out>
+    void writeText( Out& out ) const;
     /// Writes the two reference boxes, the extent box and the planes, a line each, flushed; for a shaft that was not
     /// initialised the line "Uninitialized shaft". A plane that was turned around shows its zero as -0.
     void dump( std::ostream& os ) const;

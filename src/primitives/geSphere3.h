@@ -53,6 +53,9 @@ public:
     /// through the very centre, no point is closest and the answer is the centre.
     bool getClosestPoint( const GePoint3<T>& origin, const GeVector3<T>& direction, GePoint3<T>& closest ) const;
 
+    /// Feeds the items of the text form to `out` with <<: characters, literals and numbers. See docs/textForms.md.
+    template <class Out>
+    void writeText( Out& out ) const;
     /// Writes the text form; no line end.
     std::ostream& dump( std::ostream& os ) const;
 

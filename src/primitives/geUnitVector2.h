@@ -61,6 +61,9 @@ public:
     /// The angle between two directions in radians, 0 to pi: the arc cosine of their dot product, limited to [-1, 1].
     T computeAngle( const GeUnitVector2<T>& other ) const;
 
+    /// Feeds the items of the text form to `out` with <<: characters, literals and numbers. See docs/textForms.md.
+    template <class Out>
+    void writeText( Out& out ) const;
     /// Writes the text form of GeVector2; no line end.
     std::ostream& dump( std::ostream& os ) const;
     /// Reads the text form of any vector and normalises it: (3, 4) becomes (0.6, 0.8). A zero vector is read without

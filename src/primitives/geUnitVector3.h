@@ -64,6 +64,9 @@ public:
     /// The angle between two directions in radians, 0 to pi: the arc cosine of their dot product, limited to [-1, 1].
     T computeAngle( const GeUnitVector3<T>& other ) const;
 
+    /// Feeds the items of the text form to `out` with <<: characters, literals and numbers. See docs/textForms.md.
+    template <class Out>
+    void writeText( Out& out ) const;
     /// Writes the text form of GeVector3; no line end.
     std::ostream& dump( std::ostream& os ) const;
     /// Reads the text form of any vector and normalises it: (3, 0, 4) becomes (0.6, 0, 0.8). A zero vector is read

@@ -106,6 +106,9 @@ public:
     template <class U = T, class = Detail::IfFloating<T, U>>
     T computeAngle( const GeVector2<T>& other ) const;
 
+    /// Feeds the items of the text form to `out` with <<: characters, literals and numbers. See docs/textForms.md.
+    template <class Out>
+    void writeText( Out& out ) const;
     /// Writes the text form; no line end.
     std::ostream& dump( std::ostream& os ) const;
     /// Reads the text form; white space is accepted before every item. On any failure the vector is unchanged and

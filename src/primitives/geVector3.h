@@ -85,6 +85,9 @@ public:
     /// The angle between two directions of any length, in radians, 0 to pi; 0 when either vector is zero.
     T computeAngle( const GeVector3<T>& other ) const;
 
+    /// Feeds the items of the text form to `out` with <<: characters, literals and numbers. See docs/textForms.md.
+    template <class Out>
+    void writeText( Out& out ) const;
     /// Writes the text form; no line end.
     std::ostream& dump( std::ostream& os ) const;
     /// Reads the text form; white space is accepted before every item. On any failure the vector is unchanged and

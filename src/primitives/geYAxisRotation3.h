@@ -20,6 +20,9 @@ public:
     GeYAxisRotation3( T cosine, T sine );
     explicit GeYAxisRotation3( const GeAxisRotation3<1, T>& rotation );
 
+    /// Feeds the items of the text form to `out` with <<: characters, literals and numbers. See docs/textForms.md.
+    template <class Out>
+    void writeText( Out& out ) const;
     /// Writes the text form, three lines.
     std::ostream& dump( std::ostream& os ) const;
 };

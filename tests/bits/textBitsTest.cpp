@@ -4,8 +4,14 @@
 #include "support/bits.h"
 
 #include <zq/color/coRgbColor.h>
+#include <zq/primitives/geCullingCones.h>
+#include <zq/primitives/geFrustum.h>
+#include <zq/primitives/geProjectiveMatrix3.h>
 #include <zq/primitives/geQuaternion3.h>
+#include <zq/primitives/geShaft.h>
+#include <zq/primitives/geSphere3.h>
 #include <zq/primitives/geVector2.h>
+#include <zq/primitives/geZAxisRotation3.h>
 
 #include <cfenv>
 #include <locale>
@@ -28,10 +34,10 @@ public:
         setp( _area.data(), _area.data() + chunk );
     }
 
-    /// How often it was flushed, what was written and what is left to read.
+    /// Where it was flushed, what was written and what is left to read.
     std::string describe() const
     {
-        return std::to_string( _nbSyncs ) + " syncs, wrote " + std::string( pbase(), pptr() ) + ", left " +
+        return "syncs" + _syncs + ", wrote " + std::string( pbase(), pptr() ) + ", left " +
             std::string( gptr(), egptr() ) + _text.substr( _nbGiven );
     }
 
@@ -47,17 +53,16 @@ protected:
     }
     int sync() override
     {
-        ++_nbSyncs;
+        _syncs += ' ' + std::to_string( pptr() - pbase() );
         return 0;
     }
 
 private:
     int_type breakOff() const { return _doesThrow ? throw 42 : traits_type::eof(); }
 
-    std::string _text, _given, _area;
+    std::string _text, _given, _area, _syncs;
     std::size_t _nbGiven = 0;
     bool _doesThrow;
-    int _nbSyncs = 0;
 };
 
 struct CommaPunct : std::numpunct<char>
@@ -85,7 +90,7 @@ std::string observe( Random random, const std::string& text, const Operation& op
 {
     const std::ios_base::iostate masks[] = {
         std::ios_base::goodbit, std::ios_base::badbit, std::ios_base::failbit, std::ios_base::eofbit };
-    const int chunk = random.index( random.index( 2 ) == 0 ? 9 : 200 ) + 1;
+    const int chunk = random.index( random.index( 2 ) == 0 ? 9 : 600 ) + 1;
     Device device( text, static_cast<std::size_t>( chunk ), random.index( 2 ) == 0 ), tiedDevice( "", 1, false );
     std::ostream tied( &tiedDevice );
     std::iostream stream( &device );
@@ -123,26 +128,16 @@ T makeNumber( Random& random )
     }
 }
 
-/// Writes a value of the form, in which n is a number, item by item.
-template <class Value, class T>
-void expectSameOutput( Random& random, const char* form )
+/// Writes a value of any numbers, and the same item by item. The last `nbKept` numbers are left as they are.
+template <class T, class Value, class WritePlainly>
+void expectSameOutput( Random& random, Value value, const WritePlainly& writePlainly, int nbKept = 0 )
 {
-    auto numbers = numbersOf<T>( Value() );
-    std::generate( numbers.begin(), numbers.end(), [&] { return makeNumber<T>( random ); } );
-    const auto value = copyAs<Value>( numbers );
-    const auto writePlainly = [&]( std::ostream& os, std::ostream& )
-    {
-        auto next = numbers.begin();
-        std::istringstream marks( form );
-        for ( std::string mark; std::getline( marks, mark, 'n' ); )
-        {
-            os << mark;
-            if ( next != numbers.end() )
-                os << *next++;
-        }
-    };
-    const auto write = [&]( std::ostream& os, std::ostream& ) { os << value; };
-    ASSERT_EQ( observe( random, "", writePlainly ), observe( random, "", write ) );
+    auto numbers = numbersOf<T>( value );
+    std::generate( numbers.begin(), numbers.end() - nbKept, [&] { return makeNumber<T>( random ); } );
+    std::memcpy( static_cast<void*>( &value ), numbers.data(), sizeof value );
+    const auto expected =
+        observe( random, "", [&]( std::ostream& os, std::ostream& ) { writePlainly( os, numbers.data() ); } );
+    ASSERT_EQ( observe( random, "", [&]( std::ostream& os, std::ostream& ) { os << value; } ), expected );
 }
 
 /// A text of the form, at times with an odd number, a wrong mark, other white space, or cut off.
@@ -205,14 +200,154 @@ void expectSameInput( Random& random, const char* form )
     ASSERT_EQ( observe( random, text, readPlainly ), observe( random, text, read ) ) << text;
 }
 
+template <class T>
+void writeTuple( std::ostream& os, const T* n, int count )
+{
+    os << '(' << n[0];
+    for ( int i = 1; i < count; ++i )
+        os << ", " << n[i];
+    os << ')';
+}
+
+/// `size` rows of elements that lie `perRow` and `perColumn` numbers apart.
+template <class T>
+void writeMatrix( std::ostream& os, const T* n, int size, int perRow, int perColumn )
+{
+    for ( int r = 0; r < size; ++r )
+    {
+        os << "| ";
+        for ( int c = 0; c < size; ++c )
+            os << n[perRow * r + perColumn * c] << ' ';
+        os << '|' << std::endl;
+    }
+}
+
+template <class T>
+void writeInterval( std::ostream& os, const T* n )
+{
+    os << "[ " << n[0] << ", " << n[1] << " ]";
+}
+
+template <class T>
+void writeBox( std::ostream& os, const T* n )
+{
+    for ( int axis = 0; axis < 3; ++axis )
+    {
+        os << std::array<const char*, 3>{ "( X=", ", Y=", ", Z=" }[static_cast<std::size_t>( axis )];
+        writeInterval( os, n + 2 * axis );
+    }
+    os << " )";
+}
+
+template <class T>
+void writePlane( std::ostream& os, const T* n, int step = 1 )
+{
+    os << '[' << n[0] << ", " << n[step] << ", " << n[2 * step] << ", " << n[3 * step] << ']';
+}
+
+void writeFloatingCone( std::ostream& os, const float* n )
+{
+    os << "floatingCone( axis=";
+    writeTuple( os, n, 3 );
+    os << ", alpha=" << n[3] << " )";
+}
+
+void writeShaft( std::ostream& os, const float* n, int nbPlanes )
+{
+    if ( n[1] < n[0] && n[3] < n[2] && n[5] < n[4] )
+    {
+        os << "Uninitialized shaft" << std::endl;
+        return;
+    }
+    for ( const char* const label : { "Ref.box 1=", "Ref.box 2=", "Extent box=" } )
+    {
+        writeBox( os << label, n );
+        os << std::endl;
+        n += 6;
+    }
+    os << "Plane set=" << std::endl;
+    for ( int i = 0; i < nbPlanes; ++i )
+    {
+        writePlane( os << ' ', n + 4 * i );
+        os << std::endl;
+    }
+}
+
 ZQ_TWIN_TEST( TextBits, output )
 {
     Random random( wideSeed() );
     for ( int n = 0; n < 6000 && !::testing::Test::HasFatalFailure(); ++n )
     {
-        expectSameOutput<GeVector3<T>, T>( random, "(n, n, n)" );
-        expectSameOutput<GeVector2<int>, int>( random, "(n, n)" );
-        expectSameOutput<GeQuaternion3<T>, T>( random, "[(n, n, n), n]" );
+        expectSameOutput<T>( random, GeVector3<T>(), []( auto& os, const T* v ) { writeTuple( os, v, 3 ); } );
+        expectSameOutput<int>( random, GeVector2<int>(), []( auto& os, const int* v ) { writeTuple( os, v, 2 ); } );
+        expectSameOutput<T>(
+            random, CoRgbColorT<T>(), []( auto& os, const T* v ) { os << v[0] << ' ' << v[1] << ' ' << v[2]; } );
+        expectSameOutput<T>( random, GeQuaternion3<T>(),
+            []( auto& os, const T* v )
+            { os << "[(" << v[0] << ", " << v[1] << ", " << v[2] << "), " << v[3] << "]"; } );
+    }
+}
+
+ZQ_TWIN_TEST( TextBits, outputOfParts )
+{
+    Random random( wideSeed() );
+    for ( int n = 0; n < 2000 && !::testing::Test::HasFatalFailure(); ++n )
+    {
+        expectSameOutput<T>( random, Interval<T>( 0, 1 ), writeInterval<T> );
+        expectSameOutput<T>( random, GeAlignedBox3<T>(), writeBox<T> );
+        expectSameOutput<T>( random, GeNormalizedPlane3<T>(), []( auto& os, const T* v ) { writePlane( os, v ); } );
+        expectSameOutput<T>(
+            random, GeScale3<T>( 1, 1, 1 ), []( auto& os, const T* v ) { writeTuple( os << "Scale3", v, 3 ); } );
+        expectSameOutput<T>( random, GeSphere3<T>(),
+            []( auto& os, const T* v )
+            {
+                writeTuple( os << "GeSphere {", v, 3 );
+                os << ", " << v[3] << "} ";
+            } );
+        expectSameOutput<float>( random, GeAnchoredCone( GeFloatingCone( { 0, 0, 1 }, 0 ), {}, 0, 0 ),
+            []( auto& os, const float* v )
+            {
+                writeTuple( os << "anchoredCone( bottomCenter=", v + 4, 3 );
+                writeFloatingCone( os << ", bottomRadius=" << v[7] << ", height=" << v[8] << ", ", v );
+                os << " )";
+            } );
+        expectSameOutput<float>( random, GeCullingCones(),
+            []( auto& os, const float* v )
+            {
+                writeTuple( os << "cullingCones( backfacingApex=", v + 4, 3 );
+                writeFloatingCone( os << ", frontfacingOffset=" << v[7] << ", cosBeta=" << v[8] << ", ", v );
+                os << " )";
+            } );
+    }
+}
+
+ZQ_TWIN_TEST( TextBits, outputOfLines )
+{
+    Random random( wideSeed() );
+    for ( int n = 0; n < 2000 && !::testing::Test::HasFatalFailure(); ++n )
+    {
+        expectSameOutput<T>(
+            random, GeLinearMatrix3<T>(), []( auto& os, const T* v ) { writeMatrix( os, v, 3, 3, 1 ); } );
+        expectSameOutput<T>(
+            random, GeProjectiveMatrix3<T>(), []( auto& os, const T* v ) { writeMatrix( os, v, 4, 1, 4 ); } );
+        expectSameOutput<T>( random, GeZAxisRotation3<T>( 1, 0 ),
+            []( auto& os, const T* v )
+            {
+                const T elements[] = { v[0], -v[1], 0, v[1], v[0], 0, 0, 0, 1 };
+                writeMatrix( os, elements, 3, 3, 1 );
+            } );
+        expectSameOutput<T>( random, GeFrustum<T>( GeProjectiveMatrix3<T>() ),
+            []( auto& os, const T* v )
+            {
+                for ( int i = 0; i < 6; ++i )
+                    writePlane( os << '\n' << "plane( " << i << " ) = ", v + i, 6 );
+            } );
+        const auto [box1, box2] = makeRecords<float, GeAlignedBox3<float>, GeAlignedBox3<float>>( random );
+        const GeShaft shaft( box1, box2 );
+        unsigned short nbPlanes = 0;
+        shaft.getPlaneSet( nbPlanes );
+        expectSameOutput<float>(
+            random, shaft, [=]( auto& os, const float* v ) { writeShaft( os, v, nbPlanes ); }, 1 );
     }
 }
 

@@ -77,10 +77,12 @@ TEST( Cones, ComparisonsAndTexts )
     expectComparisonLooksAtAllBut( 4, GeAnchoredCone( cone, Point( 1, 2, 3 ), 4, 5 ) );
     expectComparisonLooksAtAllBut( 4, GeCullingCones( cone, Point( 1, 2, 3 ), 4 ) );
     std::ostringstream os;
-    os << GeCullingCones().getFloatingCone() << GeCullingCones( { Z, 3 }, Point( 1, 2.5F, 3 ), 4 );
+    os << GeCullingCones().getFloatingCone() << GeCullingCones( { Z, 3 }, Point( 1, 2.5F, 3 ), 4 )
+       << GeAnchoredCone( cone, Point( 1, 2, 3 ), 4.5F, 5 );
     EXPECT_EQ( os.str(),
         "floatingCone( axis=(0, 0, 1), alpha=3.14159 )cullingCones( backfacingApex=(1, 2.5, 3), frontfacingOffset=4, "
-        "cosBeta=-1, floatingCone( axis=(0, 0, 1), alpha=3 ) )" );
+        "cosBeta=-1, floatingCone( axis=(0, 0, 1), alpha=3 ) )anchoredCone( bottomCenter=(1, 2, 3), bottomRadius=4.5, "
+        "height=5, floatingCone( axis=(0, 0, 1), alpha=4 ) )" );
 }
 
 // Normals -------------------------------------------------------------------------------------------------------------
