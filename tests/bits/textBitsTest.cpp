@@ -205,11 +205,42 @@ void expectSameInput( Random& random, const char* form )
     ASSERT_EQ( observe( random, text, readPlainly ), observe( random, text, read ) ) << text;
 }
 
+/// Counts the pieces that come to it.
+struct PieceCounter : std::stringbuf
+{
+    std::streamsize xsputn( const char* text, std::streamsize size ) override
+    {
+        ++nbPieces;
+        return std::stringbuf::xsputn( text, size );
+    }
+    int nbPieces = 0;
+};
+
+// The fast way shows: where there is room, all comes in one piece.
+ZQ_TWIN_TEST( TextBits, PlainOutputIsOnePiece )
+{
+    const auto count = []( bool isPlain )
+    {
+        PieceCounter buffer;
+        std::ostream os( &buffer );
+        os << std::string( 100, '-' );
+        os.seekp( 0 );
+        buffer.nbPieces = 0;
+        os.precision( isPlain ? 6 : 7 );
+        os << GeQuaternion3<T>( 1, T( 2.5 ), T( 1e-9 ), 4 );
+        return buffer.nbPieces;
+    };
+    EXPECT_EQ( count( true ), 1 );
+    EXPECT_GT( count( false ), 1 );
+}
+
 ZQ_TWIN_TEST( TextBits, output )
 {
     Random random( wideSeed() );
-    for ( int n = 0; n < 6000 && !::testing::Test::HasFatalFailure(); ++n )
+    for ( const auto n : random.runs( 6000 ) )
     {
+        if ( ::testing::Test::HasFatalFailure() )
+            return;
         expectSameOutput<GeVector3<T>, T>( random, "(n, n, n)" );
         expectSameOutput<GeVector2<int>, int>( random, "(n, n)" );
         expectSameOutput<GeQuaternion3<T>, T>( random, "[(n, n, n), n]" );
@@ -219,8 +250,10 @@ ZQ_TWIN_TEST( TextBits, output )
 ZQ_TWIN_TEST( TextBits, input )
 {
     Random random( wideSeed() );
-    for ( int n = 0; n < 6000 && !::testing::Test::HasFatalFailure(); ++n )
+    for ( const auto n : random.runs( 6000 ) )
     {
+        if ( ::testing::Test::HasFatalFailure() )
+            return;
         expectSameInput<GeVector3<T>, T>( random, "(n,n,n)" );
         expectSameInput<CoRgbColorT<T>, T>( random, "n n n" );
         expectSameInput<GeQuaternion3<T>, T>( random, "[(n,n,n),n]" );
