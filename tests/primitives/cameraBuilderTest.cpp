@@ -10,7 +10,7 @@ ZQ_TWIN_SUITE( CameraBuilder );
 ZQ_TWIN_TEST( CameraBuilder, ByHand )
 {
     using Coord = GeHomogeneousCoord3<T>;
-    const auto camera = GeCameraBuilder<T>::makePerspective( T( 1.57079632679 ), 1, 3, 2 );
+    const auto camera = GeCameraBuilder<T>::makePerspective( T( 1.57079632679489662 ), 1, 3, 2 );
     const T bound = 8 * epsilon<T>;
     EXPECT_CLOSE( camera * Coord( 0, 0, -1, 1 ), Coord( 0, 0, -1, 1 ), bound ); // near: -1
     EXPECT_CLOSE( camera * Coord( 0, 0, -3, 1 ) / T( 3 ), Coord( 0, 0, 1, 1 ), bound );

@@ -69,20 +69,62 @@ std::string tell( List<To...>, const char* const* targets, List<From...>, const 
 
 ZQ_TWIN_TEST( Conversions, BetweenTheClassesOfOneScalar )
 {
-    EXPECT_EQ( tell( Twins<T>(), names, Twins<T>(), names ), "" );
+    EXPECT_EQ( tell( Twins<T>(), names, Twins<T>(), names ), R"(Vector2: Point2 =UnitVector2
+Point2: Vector2 UnitVector2
+UnitVector2: Vector2
+Vector3: Point3 =UnitVector3
+Point3: Vector3 UnitVector3
+UnitVector3: Vector3
+LinearMatrix3: =Rotation3
+AffineMatrix3: LinearMatrix3 Rotation3
+ProjectiveMatrix3: LinearMatrix3 AffineMatrix3 Rotation3
+Rotation3: LinearMatrix3
+AxisX: number =XAxisRotation3
+XAxisRotation3: number AxisX
+YAxisRotation3: number
+ZAxisRotation3: number
+Scale3: Vector3 UnitVector3
+Translation3: Vector3 UnitVector3
+Quaternion3: Rotation3
+AlignedBox3: Point3
+NormalizedPlane3: Plane3
+Frustum: ProjectiveMatrix3
+RgbColor: number
+Spectrum: number
+)" );
 }
 
 ZQ_TWIN_TEST( Conversions, FromTheOtherScalar )
 {
     using Other = std::conditional_t<std::is_same_v<T, float>, double, float>;
-    EXPECT_EQ( tell( Twins<T>(), names, Twins<Other>(), names ), "" );
+    EXPECT_EQ( tell( Twins<T>(), names, Twins<Other>(), names ), R"(Vector2: Vector2
+Point2: Point2
+Vector3: Vector3
+Point3: Point3
+AxisX: number
+XAxisRotation3: number
+YAxisRotation3: number
+ZAxisRotation3: number
+Quaternion3: Quaternion3
+RgbColor: number
+Spectrum: number
+)" );
 }
 
 ZQ_TWIN_TEST( Conversions, OfTheClassesWithoutATwin )
 {
-    EXPECT_EQ( tell( Singles(), singleNames, Singles(), singleNames ), "" );
-    EXPECT_EQ( tell( Singles(), singleNames, Twins<T>(), names ), "" );
-    EXPECT_EQ( tell( Twins<T>(), names, Singles(), singleNames ), "" );
+    EXPECT_EQ( tell( Singles(), singleNames, Singles(), singleNames ),
+        "Vector2<int>: Point2<int>\nPoint2<int>: Vector2<int>\nCullingCones: AnchoredCone\n" );
+    EXPECT_EQ( tell( Singles(), singleNames, Twins<T>(), names ), "Vector2<int>: Vector2\nPoint2<int>: Point2\n" );
+    EXPECT_EQ( tell( Twins<T>(), names, Singles(), singleNames ), R"(Vector2: Vector2<int>
+Point2: Point2<int>
+AxisX: int
+XAxisRotation3: int
+YAxisRotation3: int
+ZAxisRotation3: int
+RgbColor: int
+Spectrum: int
+)" );
 }
 
 } // namespace

@@ -53,8 +53,6 @@ ZQ_TWIN_TEST( Matrix, LinearIsStoredByRowsTheOthersByColumnsWhateverTheyWereMade
     EXPECT_EQ( l( 1, 2 ), 7 );
     EXPECT_EQ( a( 1, 3 ), 8 );
     EXPECT_EQ( p( 1, 3 ), 8 );
-    static_assert( !std::is_convertible_v<GeLinearMatrix3<T>, GeAffineMatrix3<T>> );
-    static_assert( !std::is_convertible_v<GeAffineMatrix3<T>, GeProjectiveMatrix3<T>> );
 }
 
 /// Integers: minors are exact. A matrix times its cofactors is the determinant times the identity; a minor of an odd

@@ -248,7 +248,9 @@ void expectEulerAngles( const EulerRow<T>& row, T a1, T a2, T a3 )
     const Rows rebuilt = evaluate( row.product, { back[0], back[1], back[2] } );
     EXPECT_LE( computeDistance( m, rebuilt ), isPole ? 2 * fromPole + 5e-4L : 6 * eps / fromPole );
     if ( isPole )
+    {
         EXPECT_EQ( back[row.zeroAtPole], 0 );
+    }
 }
 
 ZQ_TWIN_TEST( Quaternion3, EulerAnglesAreTheProductsThatTheirRowsState )

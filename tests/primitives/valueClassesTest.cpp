@@ -121,12 +121,6 @@ ZQ_TWIN_TEST( ValueClasses, SettersAndGettersNameTheSameNumber )
     CoSpectrumT<T> spectrum( 1, 2, 3 );
     spectrum.setSample( 1, 42 );
     EXPECT_EQ( spectrum, CoSpectrumT<T>( 1, 42, 3 ) );
-    GeAffineMatrix3<T> a;
-    a.setColumn( 2, GeVector3<T>( 1, 2, 3 ) );
-    EXPECT_EQ( toText( a ), "| 1 0 1 0 |\n| 0 1 2 0 |\n| 0 0 3 0 |\n| 0 0 0 1 |\n" );
-    GeProjectiveMatrix3<T> p;
-    p.setColumn( 2, H( 1, 2, 3, 4 ) );
-    EXPECT_EQ( toText( p ), "| 1 0 1 0 |\n| 0 1 2 0 |\n| 0 0 3 0 |\n| 0 0 4 1 |\n" );
     H h( 1, 2, 3, 4 );
     h.setZero();
     EXPECT_EQ( h, H( 0, 0, 0, 0 ) );

@@ -44,7 +44,7 @@ TEST( Support, AFailureInALoopTellsSeedAndRun )
     }
     EXPECT_EQ( sum, 6 );
     ASSERT_EQ( results.size(), 2 );
-    EXPECT_PRED_FORMAT2( ::testing::IsSubstring, "seed 7, run 1\n", results.GetTestPartResult( 0 ).message() );
+    EXPECT_PRED_FORMAT2( ::testing::IsSubstring, "seed 7, run 1", results.GetTestPartResult( 0 ).message() );
     EXPECT_PRED_FORMAT2( ::testing::IsNotSubstring, "seed 7", results.GetTestPartResult( 1 ).message() );
 }
 

@@ -53,11 +53,12 @@ template <class A, class B, class... Tolerances>
 {
     if ( a.isEqual( b, tolerances... ) )
         return ::testing::AssertionSuccess();
+    using T = typename ScalarOf<A>::Type;
     std::ostringstream text;
+    text.precision( std::numeric_limits<T>::max_digits10 );
     print( text, a );
     text << " and ";
     print( text, b );
-    using T = typename ScalarOf<A>::Type;
     const auto x = numbersOf<T>( a ), y = numbersOf<T>( static_cast<const A&>( b ) );
     for ( std::size_t i = 0; i < x.size(); ++i )
         if ( x[i] != y[i] )
