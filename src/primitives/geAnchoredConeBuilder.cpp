@@ -24,6 +24,21 @@ GeVector3<float> chooseCoordinateAxis( const GeVector3<float>& direction )
 
 } // namespace
 
+float Detail::computeMaxDistance2(
+    const std::vector<GePoint3<float>>& points, std::size_t nbOutsidePoints, const GePoint3<float>& center )
+{
+    ZQ_ASSERT_TEXT(
+        GE_ANCHOREDCONEBUILDER_FILE, nbOutsidePoints <= points.size(), "nbOutsidePoints <= _points.size()" );
+    float maxDistance2 = 0.0F;
+    for ( std::size_t i = 0; i < nbOutsidePoints; ++i )
+    {
+        const float distance2 = ( points[i] - center ).lengthSquared();
+        if ( distance2 > maxDistance2 )
+            maxDistance2 = distance2;
+    }
+    return maxDistance2;
+}
+
 GeAnchoredConeBuilder::GeAnchoredConeBuilder( unsigned int capacity )
 {
     _points.reserve( capacity );

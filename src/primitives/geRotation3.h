@@ -38,8 +38,8 @@ public:
     ///
     /// Each reports a violated precondition with src/primitives/geRotation3.imp and the text quoted. "len > 0" is about
     /// a basis vector of length 0 or NaN; one whose squared length leaves the range of T fails the check of trusted
-    /// unit vectors, "FloatUtil::isEqual( length(), static_cast<T>(1.0) )". Whatever is not reported is orthonormal
-    /// within the default tolerance of FloatUtil::isEqual.
+    /// unit vectors, "FloatUtil::isEqual( length(), static_cast<T>(1.0) )" (src/primitives/geVector3.inline, line 525).
+    /// Whatever is not reported is orthonormal within the default tolerance of FloatUtil::isEqual.
 
     /// Basis vector `aimAxis` is the direction, the other two are chosen; the choice jumps where another component of
     /// the direction becomes its smallest. A zero direction counts as (0, 0, -1).

@@ -23,6 +23,7 @@
 #include <atomic>
 #include <cstdlib>
 #include <new>
+#include <sstream>
 
 static std::atomic<long> allocations{ 0 };
 
@@ -105,6 +106,26 @@ ZQ_TWIN_TEST( Allocation, OfTheTwins )
         builder.addPoint( box.getCorner( corner ^ corner >> 1 ) );
     const GeFrustum<T> frustum{ GeProjectiveMatrix3<T>() };
     use( builder.getPlane().intersectRay( p, v, t ), frustum.classify( p ), frustum.classify( box ) );
+}
+
+// The fast way of reading shows by this, too: where libstdc++ reads a number by itself, it allocates.
+ZQ_TWIN_TEST( Allocation, OfPlainInput )
+{
+    std::istringstream is( "(1, 2.5, -3e4) (4, 5, 6) " );
+    GePoint3<T> p, q;
+    {
+        const Watch watch;
+        is >> p >> q;
+    }
+    EXPECT_EQ( p, GePoint3<T>( 1, T( 2.5 ), -30000 ) );
+    EXPECT_EQ( q, GePoint3<T>( 4, 5, 6 ) );
+#ifdef __GLIBCXX__
+    std::istringstream other( "(1, 2, 3) " );
+    other.unsetf( std::ios_base::skipws ); // not plain
+    const long before = allocations;
+    other >> p;
+    EXPECT_GT( allocations - before, 0 );
+#endif
 }
 
 struct Flat final : RnRng<float>, UnaryFunctor<GeVector3<float>, void>

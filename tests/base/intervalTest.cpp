@@ -7,6 +7,18 @@ namespace
 
 ZQ_TWIN_SUITE( IntervalTwins );
 
+ZQ_TWIN_TEST( IntervalTwins, ByHand )
+{
+    using I = Interval<T>;
+    EXPECT_EQ( I( 1, 2 ).classify( { 0, 3 } ), I::INSIDE ); // what the first is to the second
+    EXPECT_EQ( I( 0, 3 ).classify( { 1, 2 } ), I::CONTAIN );
+    EXPECT_EQ( I( 0, 2 ).classify( { 1, 3 } ), I::OVERLAP );
+    EXPECT_EQ( I( 0, 1 ).classify( { 1, 2 } ), I::OVERLAP ); // they touch
+    EXPECT_EQ( I( 0, 1 ).classifyExclude( { 1, 2 } ), I::OUTSIDE );
+    EXPECT_EQ( I( 0, 2 ).intersect( { 1, 3 } ), I( 1, 2 ) );
+    EXPECT_EQ( I( 0, 1 ).extend( { 4, 5 } ), I( 0, 5 ) );
+}
+
 /// The half steps that a range of small integers holds, a bit for each; an open one does not hold its bounds.
 template <class T>
 unsigned getSteps( const Interval<T>& a, bool isOpen )
@@ -36,8 +48,10 @@ ZQ_TWIN_TEST( IntervalTwins, OperationsAgreeWithPointSets )
                 return x & y ? I::INSIDE : I::OUTSIDE;
             return y & ~x ? I::OVERLAP : I::CONTAIN;
         };
-        EXPECT_TRUE( a.isEmpty() == ( inA == 0 ) && a.isNotEmpty() == !a.isEmpty() );
-        EXPECT_TRUE( a.hasVolume() == ( openA != 0 ) && a.getLength() == a.max - a.min );
+        EXPECT_EQ( a.isEmpty(), inA == 0 );
+        EXPECT_EQ( a.isNotEmpty(), !a.isEmpty() );
+        EXPECT_EQ( a.hasVolume(), openA != 0 );
+        EXPECT_EQ( a.getLength(), a.max - a.min );
         EXPECT_EQ( getSteps( I( a ).intersect( b ), false ), inA & inB );
         if ( a.isEmpty() || b.isEmpty() )
             continue;
@@ -46,7 +60,8 @@ ZQ_TWIN_TEST( IntervalTwins, OperationsAgreeWithPointSets )
         EXPECT_EQ( a.contains( b ), ( inB & ~inA ) == 0 );
         EXPECT_EQ( a.containsExclude( b ), a.containsExclude( b.min ) && a.containsExclude( b.max ) );
         const I hull( std::min( a.min, b.min ), std::max( a.max, b.max ) );
-        EXPECT_TRUE( I( a ).extend( b ) == hull && a.extended( b.min ).extend( b.max ) == hull );
+        EXPECT_EQ( I( a ).extend( b ), hull );
+        EXPECT_EQ( a.extended( b.min ).extend( b.max ), hull );
     }
 }
 
@@ -56,17 +71,24 @@ ZQ_TWIN_TEST( IntervalTwins, PointsAsOpenRangesEmptyAndNaN )
     using I = Interval<T>;
     const T nan = ZqTest::nan<T>;
     const I unit( 0, 1 ), point( 1, 1 );
-    EXPECT_TRUE( point.classifyExclude( { 0, 2 } ) == I::INSIDE && I( 0, 2 ).classifyExclude( point ) == I::CONTAIN );
-    EXPECT_TRUE( point.classifyExclude( point ) == I::OUTSIDE && point.classifyExclude( { 1, 2 } ) == I::OUTSIDE );
+    EXPECT_EQ( point.classifyExclude( { 0, 2 } ), I::INSIDE );
+    EXPECT_EQ( I( 0, 2 ).classifyExclude( point ), I::CONTAIN );
+    EXPECT_EQ( point.classifyExclude( point ), I::OUTSIDE );
+    EXPECT_EQ( point.classifyExclude( { 1, 2 } ), I::OUTSIDE );
     for ( const I& none : { I::makeEmpty(), I( 0, nan ), I( nan, 1 ) } )
     {
-        EXPECT_TRUE( none.classify( unit ) == I::OUTSIDE && none.classifyExclude( unit ) == I::OUTSIDE );
-        EXPECT_TRUE( unit.classify( none ) == I::OUTSIDE && !none.contains( T( 0.5 ) ) && !none.hasVolume() );
+        EXPECT_EQ( none.classify( unit ), I::OUTSIDE );
+        EXPECT_EQ( none.classifyExclude( unit ), I::OUTSIDE );
+        EXPECT_EQ( unit.classify( none ), I::OUTSIDE );
+        EXPECT_FALSE( none.contains( T( 0.5 ) ) );
+        EXPECT_FALSE( none.hasVolume() );
     }
     // a NaN neither grows nor shrinks, and does not make empty
     EXPECT_EQ( I( unit ).extend( nan ).extend( I( nan, nan ) ).intersect( I( nan, nan ) ), unit );
-    EXPECT_TRUE( I::makeEmpty().extended( 1 ) == point && I::makeEmpty().extend( unit ) == unit );
-    EXPECT_TRUE( I( nan, 1 ).isNotEmpty() && !I( 1, nan ).isEmpty() );
+    EXPECT_EQ( I::makeEmpty().extended( 1 ), point );
+    EXPECT_EQ( I::makeEmpty().extend( unit ), unit );
+    EXPECT_TRUE( I( nan, 1 ).isNotEmpty() );
+    EXPECT_FALSE( I( 1, nan ).isEmpty() );
 }
 
 } // namespace

@@ -273,11 +273,42 @@ void writeShaft( std::ostream& os, const float* n, int nbPlanes )
     }
 }
 
+/// Counts the pieces that come to it.
+struct PieceCounter : std::stringbuf
+{
+    std::streamsize xsputn( const char* text, std::streamsize size ) override
+    {
+        ++nbPieces;
+        return std::stringbuf::xsputn( text, size );
+    }
+    int nbPieces = 0;
+};
+
+// The fast way shows: where there is room, all comes in one piece.
+ZQ_TWIN_TEST( TextBits, PlainOutputIsOnePiece )
+{
+    const auto count = []( bool isPlain )
+    {
+        PieceCounter buffer;
+        std::ostream os( &buffer );
+        os << std::string( 100, '-' );
+        os.seekp( 0 );
+        buffer.nbPieces = 0;
+        os.precision( isPlain ? 6 : 7 );
+        os << GeQuaternion3<T>( 1, T( 2.5 ), T( 1e-9 ), 4 );
+        return buffer.nbPieces;
+    };
+    EXPECT_EQ( count( true ), 1 );
+    EXPECT_GT( count( false ), 1 );
+}
+
 ZQ_TWIN_TEST( TextBits, output )
 {
     Random random( wideSeed() );
-    for ( int n = 0; n < 6000 && !::testing::Test::HasFatalFailure(); ++n )
+    for ( const auto n : random.runs( 6000 ) )
     {
+        if ( ::testing::Test::HasFatalFailure() )
+            return;
         expectSameOutput<T>( random, GeVector3<T>(), []( auto& os, const T* v ) { writeTuple( os, v, 3 ); } );
         expectSameOutput<int>( random, GeVector2<int>(), []( auto& os, const int* v ) { writeTuple( os, v, 2 ); } );
         expectSameOutput<T>(
@@ -291,8 +322,10 @@ ZQ_TWIN_TEST( TextBits, output )
 ZQ_TWIN_TEST( TextBits, outputOfParts )
 {
     Random random( wideSeed() );
-    for ( int n = 0; n < 2000 && !::testing::Test::HasFatalFailure(); ++n )
+    for ( const auto n : random.runs( 2000 ) )
     {
+        if ( ::testing::Test::HasFatalFailure() )
+            return;
         expectSameOutput<T>( random, Interval<T>( 0, 1 ), writeInterval<T> );
         expectSameOutput<T>( random, GeAlignedBox3<T>(), writeBox<T> );
         expectSameOutput<T>( random, GeNormalizedPlane3<T>(), []( auto& os, const T* v ) { writePlane( os, v ); } );
@@ -324,8 +357,10 @@ ZQ_TWIN_TEST( TextBits, outputOfParts )
 ZQ_TWIN_TEST( TextBits, outputOfLines )
 {
     Random random( wideSeed() );
-    for ( int n = 0; n < 2000 && !::testing::Test::HasFatalFailure(); ++n )
+    for ( const auto n : random.runs( 2000 ) )
     {
+        if ( ::testing::Test::HasFatalFailure() )
+            return;
         expectSameOutput<T>(
             random, GeLinearMatrix3<T>(), []( auto& os, const T* v ) { writeMatrix( os, v, 3, 3, 1 ); } );
         expectSameOutput<T>(
@@ -354,8 +389,10 @@ ZQ_TWIN_TEST( TextBits, outputOfLines )
 ZQ_TWIN_TEST( TextBits, input )
 {
     Random random( wideSeed() );
-    for ( int n = 0; n < 6000 && !::testing::Test::HasFatalFailure(); ++n )
+    for ( const auto n : random.runs( 6000 ) )
     {
+        if ( ::testing::Test::HasFatalFailure() )
+            return;
         expectSameInput<GeVector3<T>, T>( random, "(n,n,n)" );
         expectSameInput<CoRgbColorT<T>, T>( random, "n n n" );
         expectSameInput<GeQuaternion3<T>, T>( random, "[(n,n,n),n]" );

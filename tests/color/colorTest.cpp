@@ -27,15 +27,28 @@ void expectNearReference( const CoHsvColorT<T>& hsv, const CoRgbColorT<T>& rgb, 
     }
 }
 
+ZQ_TWIN_TEST( Color, ByHand )
+{
+    using Rgb = CoRgbColorT<T>;
+    using Hsv = CoHsvColorT<T>;
+    EXPECT_EQ( Hsv::convertFromRgb( Rgb( 1, 0, 0 ) ), Hsv( 0, 1, 1 ) ); // red
+    EXPECT_EQ( Hsv::convertFromRgb( Rgb( 0, 1, 0 ) ), Hsv( 120, 1, 1 ) );
+    EXPECT_EQ( Hsv::convertFromRgb( Rgb( 0, 0, T( 0.5 ) ) ), Hsv( 240, 1, T( 0.5 ) ) );
+    EXPECT_EQ( Hsv( 60, 1, 1 ).convertToRgb(), Rgb( 1, 1, 0 ) ); // yellow
+    EXPECT_EQ( Hsv( 180, T( 0.5 ), 1 ).convertToRgb(), Rgb( T( 0.5 ), 1, 1 ) );
+}
+
 ZQ_TWIN_TEST( Color, ConversionsAgreeWithALongDoubleReference )
 {
     Random random( 1 );
-    for ( int i = 0; i < 20000; ++i )
+    for ( const auto i : random.runs( 20000 ) )
     {
         const T red = random.uniform<T>( -1, 2 ), green = random.uniform<T>( -1, 2 );
         const CoRgbColorT<T> rgb( red, green, random.uniform<T>( T( 0.1 ), 2 ) );
         const auto hsv = CoHsvColorT<T>::convertFromRgb( rgb );
-        ASSERT_TRUE( hsv.getHue() >= 0 && hsv.getHue() < 360 && hsv.getValue() == rgb.getLargestComponent() ) << rgb;
+        ASSERT_GE( hsv.getHue(), 0 ) << rgb;
+        ASSERT_LT( hsv.getHue(), 360 ) << rgb;
+        ASSERT_EQ( hsv.getValue(), rgb.getLargestComponent() ) << rgb;
         expectNearReference( hsv, rgb, 30 * epsilon<T> );
         const CoHsvColorT<T> other( random.uniform<T>( -1000, 1000 ), random.uniform<T>( T( 0.01 ), 1 ), 1 );
         expectNearReference( other, other.convertToRgb(), 1000 * epsilon<T> / 60 );
@@ -50,13 +63,14 @@ ZQ_TWIN_TEST( Color, ConversionsAgreeWithALongDoubleReference )
     }
     // the hue can round to 360, and converts back
     const auto hsv = CoHsvColorT<T>::convertFromRgb( { 1, 0, epsilon<T> / 2 } );
-    EXPECT_TRUE( hsv == CoHsvColorT<T>( 360, 1, 1 ) && hsv.convertToRgb() == CoRgbColorT<T>( 1, 0, 0 ) );
+    EXPECT_EQ( hsv, CoHsvColorT<T>( 360, 1, 1 ) );
+    EXPECT_EQ( hsv.convertToRgb(), CoRgbColorT<T>( 1, 0, 0 ) );
 }
 
 ZQ_TWIN_TEST( Color, HuesAreTurnedBitForBitAsInSingleSteps )
 {
     Random random( 2 );
-    for ( int i = 0; i < 3000; ++i )
+    for ( const auto i : random.runs( 3000 ) )
     {
         const T turns = T( 60 * ( random.index( 34000 ) - 17000 ) ), largest = std::numeric_limits<T>::max();
         for ( const T hue : { turns, std::nextafter( turns, largest ), std::nextafter( turns, -largest ),
@@ -87,7 +101,10 @@ ZQ_TWIN_TEST( Color, MeasuresClampAndGamma )
         EXPECT_EQ( negative.computeWeightedMagnitude(), T( weights[i] ) );
     }
     for ( const Rgb& rgb : { Rgb( 1, 2, 3 ), Rgb( 3, 1, 2 ), Rgb( 2, 3, 1 ), Rgb( 3, 2, 1 ) } )
-        EXPECT_TRUE( rgb.getLargestComponent() == 3 && rgb.getSmallestComponent() == 1 );
+    {
+        EXPECT_EQ( rgb.getLargestComponent(), 3 );
+        EXPECT_EQ( rgb.getSmallestComponent(), 1 );
+    }
     EXPECT_EQ( Rgb( 1, 3, 2 ).computeClamped( 2 ), Rgb( 1, 2, 2 ) );
     EXPECT_EQ( Rgb( 3, 1, 4 ).computeClamped( 2 ), Rgb( 2, 1, 2 ) );
     EXPECT_EQ( Rgb( T( 0.5 ), 1, 3 ).gammaCorrect( 3 ), Rgb( T( 0.125 ), 1, 27 ) );

@@ -21,12 +21,28 @@ struct Collector final : UnaryFunctor<GePoint3<T>, bool>
     std::vector<GePoint3<T>> points;
 };
 
+ZQ_TWIN_TEST( AlignedBox, ByHand )
+{
+    using Point = GePoint3<T>;
+    using Box = GeAlignedBox3<T>;
+    const Box box( Point( 0, 0, 0 ), Point( 1, 2, 3 ) );
+    EXPECT_EQ( box.getCorner( 5 ), Point( 1, 0, 3 ) ); // bits 1 and 4: upper x and upper z
+    EXPECT_EQ( Box( box ).extend( Point( 0, -1, 9 ) ), Box( Point( 0, -1, 0 ), Point( 1, 2, 9 ) ) );
+    const Box neighbour( Point( 1, 0, 0 ), Point( 4, 1, 1 ) ); // they share a face
+    EXPECT_EQ( box.classify( neighbour ), Interval<T>::OVERLAP );
+    EXPECT_EQ( box.classifyExclude( neighbour ), Interval<T>::OUTSIDE );
+    EXPECT_EQ( box.classify( Box( Point( -1, -1, -1 ), Point( 9, 9, 9 ) ) ), Interval<T>::INSIDE );
+    const GeVector3<T> along( 2, 0, 0 );
+    EXPECT_EQ( box.intersectLine( Point( -1, 1, 1 ), along ), Interval<T>( T( 0.5 ), 1 ) ); // in lengths of `along`
+    EXPECT_TRUE( box.intersectLine( Point( -1, 5, 1 ), along ).isEmpty() );
+}
+
 ZQ_TWIN_TEST( AlignedBox, HoldsItsPointsAndReachesFromTheNearestToTheFarthest )
 {
     using Box = GeAlignedBox3<T>;
     Random random( 1 );
     GeVector3<T> nearest, farthest;
-    for ( int i = 0; i < 1000; ++i )
+    for ( const auto i : random.runs( 1000 ) )
     {
         const GePoint3<T> p = random.point<T>( 9 ), q = random.point<T>( 9 ), r = random.point<T>( 9 );
         const GePoint3<T> from = random.point<T>( 12 );
@@ -46,14 +62,17 @@ ZQ_TWIN_TEST( AlignedBox, HoldsItsPointsAndReachesFromTheNearestToTheFarthest )
     const Box box( GePoint3<T>( -1, -2, -3 ), GePoint3<T>( 1, 2, 3 ) );
     box.computeMinMaxDistanceVectors( GePoint3<T>( ZqTest::nan<T>, 9, 0 ), nearest, farthest );
     EXPECT_EQ( nearest, GeVector3<T>( 0, -7, 0 ) );
-    EXPECT_TRUE( std::isnan( farthest[0] ) && farthest[1] == T( -11 ) && farthest[2] == T( 3 ) );
+    EXPECT_TRUE( std::isnan( farthest[0] ) );
+    EXPECT_EQ( farthest[1], T( -11 ) );
+    EXPECT_EQ( farthest[2], T( 3 ) );
 }
 
 ZQ_TWIN_TEST( AlignedBox, MeasuresAndCorners )
 {
     using Point = GePoint3<T>;
     const GeAlignedBox3<T> box( Point( 1, 2, 3 ), Point( 3, 5, 11 ) );
-    EXPECT_TRUE( box.getCenter() == Point( 2, T( 3.5 ), 7 ) && box.getSize() == GeVector3<T>( 2, 3, 8 ) );
+    EXPECT_EQ( box.getCenter(), Point( 2, T( 3.5 ), 7 ) );
+    EXPECT_EQ( box.getSize(), GeVector3<T>( 2, 3, 8 ) );
     EXPECT_EQ( box.getVolume(), T( 48 ) );
     // x is the lowest bit of a corner's number; in the enumeration each differs from the one before on one axis
     std::vector<Point> corners;

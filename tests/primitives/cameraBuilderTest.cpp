@@ -7,13 +7,23 @@ namespace
 
 ZQ_TWIN_SUITE( CameraBuilder );
 
+ZQ_TWIN_TEST( CameraBuilder, ByHand )
+{
+    using Coord = GeHomogeneousCoord3<T>;
+    const auto camera = GeCameraBuilder<T>::makePerspective( T( 1.57079632679489662 ), 1, 3, 2 );
+    const T bound = 8 * epsilon<T>;
+    EXPECT_CLOSE( camera * Coord( 0, 0, -1, 1 ), Coord( 0, 0, -1, 1 ), bound ); // near: -1
+    EXPECT_CLOSE( camera * Coord( 0, 0, -3, 1 ) / T( 3 ), Coord( 0, 0, 1, 1 ), bound );
+    EXPECT_CLOSE( camera * Coord( 2, 1, -1, 1 ), Coord( 1, 1, -1, 1 ), bound ); // x to the right, y up
+}
+
 // The eight corners of the view volume land on the corners of the cube; w is the depth of a perspective.
 ZQ_TWIN_TEST( CameraBuilder, TheViewVolumeBecomesTheCube )
 {
     using Coord = GeHomogeneousCoord3<T>;
     const T tolerance = 500 * epsilon<T>;
     Random random( 51 );
-    for ( int i = 0; i < 500; ++i )
+    for ( const auto i : random.runs( 500 ) )
     {
         const T angle = random.uniform<T>( T( 0.1 ), T( 2.5 ) ), aspect = random.uniform<T>( T( 0.5 ), T( 2 ) );
         T nearDistance = random.uniform<T>( T( 0.5 ), T( 2 ) ), farDistance = random.uniform<T>( T( 4 ), T( 20 ) );
@@ -29,8 +39,9 @@ ZQ_TWIN_TEST( CameraBuilder, TheViewVolumeBecomesTheCube )
             const auto place = [&]( T size )
             { return Coord( cube.getX() * size * aspect, cube.getY() * size, -depth, 1 ); };
             const Coord clip = perspective * place( slope * depth );
-            EXPECT_TRUE( clip.getW() == depth && ( clip / depth ).isEqual( cube, tolerance ) ) << clip;
-            EXPECT_TRUE( ( orthographic * place( slope * nearDistance ) ).isEqual( cube, tolerance ) );
+            EXPECT_EQ( clip.getW(), depth ) << clip;
+            EXPECT_CLOSE( clip / depth, cube, tolerance );
+            EXPECT_CLOSE( orthographic * place( slope * nearDistance ), cube, tolerance );
         }
     }
 }
@@ -41,7 +52,8 @@ ZQ_TWIN_TEST( CameraBuilder, DegenerateArgumentsAreReplaced )
     const T s = isFloat ? T( 0.0001F ) : T( 1e-7 ), limit = isFloat ? T( 1e-6F ) : T( 1e-7 );
     const auto perspective = GeCameraBuilder<T>::makePerspective, orthographic = GeCameraBuilder<T>::makeOrthographic;
     const auto radius = GeCameraBuilder<T>::computeOrthoRadius;
-    EXPECT_TRUE( radius( -1, 5 ) == s && radius( 1, 0 ) == s );
+    EXPECT_EQ( radius( -1, 5 ), s );
+    EXPECT_EQ( radius( 1, 0 ), s );
     // from pi on an angle is capped, steeply: the next float of the angle is 0.5 away; below pi nothing is changed
     const T pi = T( 3.14159265358979323846 ), belowPi = std::nextafter( pi, T( 0 ) );
     EXPECT_NEAR( double( radius( pi, 1 ) ), isFloat ? 1999.8428 : 1999.99983333, isFloat ? 1e-4 : 1e-8 );
@@ -64,7 +76,8 @@ ZQ_TWIN_TEST( CameraBuilder, DegenerateArgumentsAreReplaced )
         EXPECT_TRUE( std::isnan( make( 1, ZqTest::nan<T>, 3, 2 )( 2, 2 ) ) );
     }
     // equal distances: the difference becomes 0.5; where their sum counts as zero, 0.5 is added to it
-    EXPECT_TRUE( perspective( 1, 2, 2, 2 )( 2, 2 ) == -8 && perspective( 1, 2, 2, 2 )( 2, 3 ) == -16 );
+    EXPECT_EQ( perspective( 1, 2, 2, 2 )( 2, 2 ), -8 );
+    EXPECT_EQ( perspective( 1, 2, 2, 2 )( 2, 3 ), -16 );
     EXPECT_EQ( orthographic( 1, limit / 10, limit / 10, 2 )( 2, 3 ), -( T( 2 ) * ( limit / 10 * 2 + T( 0.5 ) ) ) );
 }
 

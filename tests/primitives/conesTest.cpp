@@ -65,7 +65,7 @@ void expectComparisonLooksAtAllBut( std::size_t nbIgnored, const Cone& cone )
         std::memcpy( static_cast<void*>( &moved ), changed.data(), sizeof moved );
         const bool isLast = i + 1 == numbers.size();
         EXPECT_EQ( moved == cone, i < nbIgnored ) << i;
-        EXPECT_TRUE( moved.isEqual( cone, isLast ? 0.001F : 0.26F, isLast ? 0.26F : 0.001F ) ) << i;
+        EXPECT_CLOSE( moved, cone, isLast ? 0.001F : 0.26F, isLast ? 0.26F : 0.001F ) << i;
         EXPECT_EQ( moved.isEqual( cone, 0.25F, 0.25F ), i < nbIgnored ) << i;
     }
 }
@@ -85,12 +85,29 @@ TEST( Cones, ComparisonsAndTexts )
         "height=5, floatingCone( axis=(0, 0, 1), alpha=4 ) )" );
 }
 
+// Three faces of a flat cluster look up, about z, by 0.5 at most: whoever is far below sees none of them, whoever is far
+// above sees all.
+TEST( Cones, ByHand )
+{
+    const GeFloatingCone normals( Z, 0.5F );
+    EXPECT_TRUE( normals.contains( Unit( 0, 0.4F, 1 ) ) );
+    EXPECT_FALSE( normals.contains( Unit( 0, 0.6F, 1 ) ) );
+    const GeAnchoredCone anchored = fit( { { -1, 0, 0 }, { 1, 0, 0 }, { 0, 1, 0 } }, normals );
+    const GeCullingCones cones( anchored );
+    EXPECT_TRUE( cones.isBehind( Point( 0, 0, -10 ) ) );
+    EXPECT_FALSE( cones.isInFront( Point( 0, 0, -10 ) ) );
+    EXPECT_TRUE( cones.isInFront( Point( 0, 0, 10 ) ) );
+    EXPECT_FALSE( cones.isBehind( Point( 0, 0, 10 ) ) );
+    EXPECT_FALSE( cones.isBehind( Point( 10, 0, 0 ) ) ); // beside it, neither
+    EXPECT_FALSE( cones.isInFront( Point( 10, 0, 0 ) ) );
+}
+
 // Normals -------------------------------------------------------------------------------------------------------------
 
 TEST( FloatingCone, ExpandMakesTheSmallestConeAboutTwo )
 {
     Random random( 2 );
-    for ( int i = 0; i < 2000; ++i )
+    for ( const auto i : random.runs( 2000 ) )
     {
         const GeFloatingCone a{ random.direction<float>(), random.uniform( 0.0F, 1.5F ) };
         const GeFloatingCone b{ random.direction<float>(), random.uniform( 0.0F, 1.5F ) };
@@ -111,7 +128,8 @@ TEST( FloatingCone, Limits )
 {
     const GeFloatingCone narrow( Z, 0.5F );
     const float sine = FloatUtil::sin( 0.5F ), cosine = FloatUtil::cos( 0.5F );
-    EXPECT_TRUE( GeFloatingCone( Z, SPHERE ).isSphere() && !GeFloatingCone( Z, 3.1415925F ).isSphere() );
+    EXPECT_TRUE( GeFloatingCone( Z, SPHERE ).isSphere() );
+    EXPECT_FALSE( GeFloatingCone( Z, 3.1415925F ).isSphere() );
     EXPECT_TRUE( narrow.contains( Unit( sine, 0, cosine, GE_TRUSTED ) ) );
     EXPECT_FALSE( narrow.contains( Unit( sine, 0, std::nextafter( cosine, 0.0F ), GE_TRUSTED ) ) );
 
@@ -129,7 +147,7 @@ TEST( FloatingCone, Limits )
     {
         GeFloatingCone cone = start;
         cone.expand( other );
-        EXPECT_TRUE( cone.isEqual( expected, tolerance, tolerance ) ) << cone << expected;
+        EXPECT_CLOSE( cone, expected, tolerance, tolerance );
     }
     GeFloatingCone axisless( Unit(), 0.5F );
     EXPECT_REPORT( axisless.expand( narrow ), "src/primitives/geFloatingCone", "len > 0" );
@@ -139,7 +157,7 @@ TEST( FloatingCone, Limits )
 TEST( FloatingConeBuilder, TheConeHoldsEveryDirectionAndNoMoreThanThat )
 {
     Random random( 5 );
-    for ( int i = 0; i < 3000; ++i )
+    for ( const auto i : random.runs( 3000 ) )
     {
         const Unit middle = random.direction<float>();
         const float spread = random.uniform( 0.01F, 1.6F );
@@ -176,10 +194,42 @@ TEST( FloatingConeBuilder, TheConeHoldsEveryDirectionAndNoMoreThanThat )
 
 // Points --------------------------------------------------------------------------------------------------------------
 
+/// The fit by another route: a point's excess is how far it is from where the ray from the axis to it leaves the cone.
+GeAnchoredCone fitByReference( const std::vector<Point>& points, const GeFloatingCone& cone )
+{
+    const Wide a = widen( cone.getAxis() );
+    const auto isLower = [&]( const Point& p, const Point& q ) { return a.dot( widen( p ) ) < a.dot( widen( q ) ); };
+    const auto [bottom, top] = std::minmax_element( points.begin(), points.end(), isLower );
+    const double sizes[] = { std::fabs( a[2] ), std::fabs( a[1] ), std::fabs( a[0] ) };
+    Wide frameAxis;
+    frameAxis[static_cast<int>( sizes + 2 - std::min_element( sizes, sizes + 3 ) )] = 1;
+    const Wide v = a.cross( frameAxis ).computeUnit(), u = v.cross( a );
+    std::vector<GePoint3<double>> excesses;
+    GeAlignedBox3<double> box{ GePoint3<double>() };
+    for ( const Point& point : points )
+    {
+        const Wide offset = widen( point - *bottom );
+        const Wide sideways = offset - a * offset.dot( a );
+        const double excess = sideways.length() - offset.dot( a ) * std::tan( cone.getSemiAngle() );
+        if ( excess <= 0 )
+            continue;
+        const Wide direction = sideways.computeUnit();
+        excesses.emplace_back( direction.dot( u ) * excess, direction.dot( v ) * excess, 0 );
+        box.extend( excesses.back() );
+    }
+    const GePoint3<double> middle = box.getCenter();
+    double radius = 0;
+    for ( const GePoint3<double>& excess : excesses )
+        radius = std::max( radius, ( excess - middle ).length() );
+    const Point center = *bottom + Vector( u * middle.getX() + v * middle.getY() );
+    const float height = static_cast<float>( a.dot( widen( *top - *bottom ) ) );
+    return { cone, center, static_cast<float>( radius ), height };
+}
+
 TEST( AnchoredConeBuilder, FitsAsAReferenceDoes )
 {
     Random random( 1 );
-    for ( int i = 0; i < 3000; ++i )
+    for ( const auto i : random.runs( 3000 ) )
     {
         // axes that have components of equal size, too: the ties of the frame
         const auto pick = [&random] { return static_cast<float>( random.index( 5 ) - 2 ); };
@@ -187,37 +237,7 @@ TEST( AnchoredConeBuilder, FitsAsAReferenceDoes )
         const GeFloatingCone cone( Unit( x, y, i % 2 ? 1.3F : 1.0F ), random.uniform( 0.0F, 1.2F ) );
         std::vector<Point> points( std::size_t( 1 + random.index( 12 ) ) );
         std::generate( points.begin(), points.end(), [&] { return random.point<float>( 1 ); } );
-
-        const Wide a = widen( cone.getAxis() );
-        const auto isLower = [&]( const Point& p, const Point& q )
-        { return a.dot( widen( p ) ) < a.dot( widen( q ) ); };
-        const auto [bottom, top] = std::minmax_element( points.begin(), points.end(), isLower );
-        const double sizes[] = { std::fabs( a[2] ), std::fabs( a[1] ), std::fabs( a[0] ) };
-        Wide frameAxis;
-        frameAxis[static_cast<int>( sizes + 2 - std::min_element( sizes, sizes + 3 ) )] = 1;
-        const Wide v = a.cross( frameAxis ).computeUnit(), u = v.cross( a );
-        // by another route: a point's excess is how far it is from where the ray from the axis to it leaves the cone
-        std::vector<GePoint3<double>> excesses;
-        GeAlignedBox3<double> box{ GePoint3<double>() };
-        for ( const Point& point : points )
-        {
-            const Wide offset = widen( point - *bottom );
-            const Wide sideways = offset - a * offset.dot( a );
-            const double excess = sideways.length() - offset.dot( a ) * std::tan( cone.getSemiAngle() );
-            if ( excess <= 0 )
-                continue;
-            const Wide direction = sideways.computeUnit();
-            excesses.emplace_back( direction.dot( u ) * excess, direction.dot( v ) * excess, 0 );
-            box.extend( excesses.back() );
-        }
-        const GePoint3<double> middle = box.getCenter();
-        double radius = 0;
-        for ( const GePoint3<double>& excess : excesses )
-            radius = std::max( radius, ( excess - middle ).length() );
-        const Point center = *bottom + Vector( u * middle.getX() + v * middle.getY() );
-        const float height = static_cast<float>( a.dot( widen( *top - *bottom ) ) );
-        EXPECT_TRUE(
-            fit( points, cone ).isEqual( { cone, center, static_cast<float>( radius ), height }, 1e-5F, 1e-30F ) );
+        EXPECT_CLOSE( fit( points, cone ), fitByReference( points, cone ), 1e-5F, 1e-30F );
     }
 }
 
@@ -229,8 +249,8 @@ TEST( AnchoredConeBuilder, NamedSets )
     // Of equal projections the first is the bottom point, and only excesses count for the radius. Seen from a the
     // bottom point itself is farther from the middle than both excesses; seen from b one excess is far.
     const Point middle( 0.5F, 0.5F, 0 );
-    EXPECT_TRUE( fit( { a, b, c }, cone ).isEqual( { cone, middle, 0.5F, 0 }, 1e-6F, 1e-6F ) );
-    EXPECT_TRUE( fit( { b, a, c }, cone ).isEqual( { cone, middle, 0.7071068F, 0 }, 1e-6F, 1e-6F ) );
+    EXPECT_CLOSE( fit( { a, b, c }, cone ), GeAnchoredCone( cone, middle, 0.5F, 0 ), 1e-6F, 1e-6F );
+    EXPECT_CLOSE( fit( { b, a, c }, cone ), GeAnchoredCone( cone, middle, 0.7071068F, 0 ), 1e-6F, 1e-6F );
 }
 
 // Viewpoints ----------------------------------------------------------------------------------------------------------
@@ -240,7 +260,7 @@ TEST( AnchoredConeBuilder, NamedSets )
 TEST( CullingCones, AnswersAreThoseOfTheFaceThatTurnsFirst )
 {
     Random random( 1 );
-    for ( int i = 0; i < 30000; ++i )
+    for ( const auto i : random.runs( 30000 ) )
     {
         const float alpha = random.uniform( 0.05F, 1.5F ), radius = random.uniform( 0.0F, 1.0F );
         const float height = random.uniform( 0.0F, 1.0F ), sine = std::sin( alpha ), cosine = std::cos( alpha );
@@ -284,7 +304,8 @@ TEST( CullingCones, NamedViewpoints )
         const GeCullingCones cones( { Z, semiAngle }, Point( 0, 0, 1 ), 10 );
         EXPECT_EQ( cones.isBehind( p ), isBehind ) << cones << p;
         EXPECT_EQ( cones.isInFront( p ), isInFront ) << cones << p;
-        EXPECT_TRUE( cones.getCosBeta() == cosBeta && ( cosBeta >= 0 || cones.getCullingSemiAngle() == 0 ) ) << cones;
+        EXPECT_EQ( cones.getCosBeta(), cosBeta ) << cones;
+        EXPECT_TRUE( cosBeta >= 0 || cones.getCullingSemiAngle() == 0 ) << cones;
     }
 }
 

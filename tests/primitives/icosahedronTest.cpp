@@ -87,7 +87,8 @@ TEST( SphereSampling, EveryRequestIsSharedEquallyTriangleByTriangle )
             addTriangles( triangles, faceOf( i ), request / 20 );
         Recorder recorder;
         const std::size_t count = GeIcosahedron::getStratifiedSamples( request, recorder, recorder );
-        ASSERT_TRUE( count == triangles.size() && count == recorder.samples.size() ) << request;
+        ASSERT_EQ( count, triangles.size() ) << request;
+        ASSERT_EQ( count, recorder.samples.size() ) << request;
         for ( std::size_t i = 0; i < count; ++i )
         {
             float u = static_cast<float>( 2 * i % 5 ) / 4, v = static_cast<float>( ( 2 * i + 1 ) % 5 ) / 4;
@@ -95,7 +96,7 @@ TEST( SphereSampling, EveryRequestIsSharedEquallyTriangleByTriangle )
                 std::tie( u, v ) = std::pair( 1 - u, 1 - v );
             const auto& [p, q, r] = triangles[i];
             const Vector expected = p * u + q * v + r * ( 1 - u - v );
-            ASSERT_TRUE( recorder.samples[i].isEqual( expected.computeUnit(), 1e-6F ) ) << request << ' ' << i;
+            ASSERT_CLOSE( recorder.samples[i], expected.computeUnit(), 1e-6F ) << request << ' ' << i;
         }
     }
 }

@@ -13,6 +13,23 @@ namespace
 
 ZQ_TWIN_SUITE( Matrix );
 
+ZQ_TWIN_TEST( Matrix, ByHand )
+{
+    using Vector = GeVector3<T>;
+    using Point = GePoint3<T>;
+    const GeLinearMatrix3<T> m( 1, 2, 3, 0, 1, 4, 5, 6, 0 );
+    EXPECT_EQ( m * Vector( 1, 2, 3 ), Vector( 14, 14, 17 ) );
+    EXPECT_EQ( m.mulOnRight( Vector( 1, 2, 3 ) ), Vector( 16, 22, 11 ) ); // a row on the left
+    EXPECT_EQ( m.computeDeterminant(), 1 );
+    EXPECT_CLOSE( m.computeInverse(), GeLinearMatrix3<T>( -24, 18, 5, 20, -15, -4, -5, 4, 1 ), T( 1e-4 ) );
+    const GeAffineMatrix3<T> moved( m, Vector( 10, 20, 30 ) );
+    EXPECT_EQ( moved * Point( 1, 2, 3 ), Point( 24, 34, 47 ) );
+    EXPECT_EQ( moved * Vector( 1, 2, 3 ), Vector( 14, 14, 17 ) ); // a vector is not translated
+    GeProjectiveMatrix3<T> projective( moved );
+    projective( 3, 2 ) = 2;
+    EXPECT_EQ( projective * GeHomogeneousCoord3<T>( 1, 2, 3, 1 ), GeHomogeneousCoord3<T>( 24, 34, 47, 7 ) );
+}
+
 ZQ_TWIN_TEST( Matrix, LinearIsStoredByRowsTheOthersByColumnsWhateverTheyWereMadeFrom )
 {
     using ZqTest::numbersOf;
@@ -31,51 +48,55 @@ ZQ_TWIN_TEST( Matrix, LinearIsStoredByRowsTheOthersByColumnsWhateverTheyWereMade
     EXPECT_EQ( numbersOf<T>( GeProjectiveMatrix3<T>( a ) ), affine );
     for ( const auto& made : { p, GeProjectiveMatrix3<T>( columns, true ) } )
         EXPECT_EQ( numbersOf<T>( made ), projective );
-    EXPECT_TRUE(
-        a.getLinear() == l && GeProjectiveMatrix3<T>( l ) == GeProjectiveMatrix3<T>( GeAffineMatrix3<T>( l ) ) );
-    EXPECT_TRUE( l( 1, 2 ) == 7 && a( 1, 3 ) == 8 && p( 1, 3 ) == 8 );
-    static_assert( !std::is_convertible_v<GeLinearMatrix3<T>, GeAffineMatrix3<T>> );
-    static_assert( !std::is_convertible_v<GeAffineMatrix3<T>, GeProjectiveMatrix3<T>> );
+    EXPECT_EQ( a.getLinear(), l );
+    EXPECT_EQ( GeProjectiveMatrix3<T>( l ), GeProjectiveMatrix3<T>( GeAffineMatrix3<T>( l ) ) );
+    EXPECT_EQ( l( 1, 2 ), 7 );
+    EXPECT_EQ( a( 1, 3 ), 8 );
+    EXPECT_EQ( p( 1, 3 ), 8 );
 }
 
-// Integers: minors, and so the determinant, are exact.
+/// Integers: minors are exact. A matrix times its cofactors is the determinant times the identity; a minor of an odd
+/// place lacks the sign of the cofactor where `oddSign` is -1. Returns the determinant.
+template <class T, class Matrix>
+T expectMinors( const Matrix& m, T oddSign )
+{
+    constexpr int n = ZqTest::columnCount<Matrix>;
+    ZqTest::Rows<T, n> cofactors{};
+    forEachPlace<n>(
+        [&]( int r, int c )
+        {
+            EXPECT_EQ( m.computeTranspose()( c, r ), m( r, c ) );
+            cofactors( c, r ) = m.computeAdjoint()( r, c ) * ( ( r + c ) % 2 ? oddSign : 1 );
+        } );
+    const auto product = multiply( toRows<T, n>( m ), cofactors );
+    forEachPlace<n>( [&]( int r, int c ) { EXPECT_EQ( product( r, c ), r == c ? product( 0, 0 ) : 0 ); } );
+    return product( 0, 0 );
+}
+
+template <class T, class Matrix>
+void expectInverse( Matrix m, T determinant )
+{
+    constexpr int n = ZqTest::columnCount<Matrix>;
+    const T bound = 1000 * epsilon<T>;
+    // linear and affine matrices have a formula for the determinant alone, exact here
+    EXPECT_NEAR( m.computeDeterminant(), determinant, ZqTest::rowCount<Matrix> == 4 ? bound : 0 );
+    if ( determinant == 0 )
+        return;
+    const auto inverse = m.computeInverse();
+    const auto product = multiply( toRows<T, n>( m ), toRows<T, n>( inverse ) );
+    forEachPlace<n>( [&]( int r, int c ) { EXPECT_NEAR( product( r, c ), T( r == c ), bound ); } );
+    // the destination may be the source
+    T found = 0;
+    m.computeInverseAndDeterminant( m, found );
+    EXPECT_EQ( m, inverse );
+    EXPECT_NEAR( found, determinant, bound );
+}
+
 ZQ_TWIN_TEST( Matrix, MinorsDeterminantAndInverseBelongTogether )
 {
     using Projective = GeProjectiveMatrix3<T>;
-    // a minor of an odd place lacks the sign of the cofactor where `oddSign` is -1
-    const auto expectMinors = []( const auto& m, T oddSign )
-    {
-        constexpr int n = ZqTest::columnCount<std::decay_t<decltype( m )>>;
-        ZqTest::Rows<T, n> cofactors{};
-        forEachPlace<n>(
-            [&]( int r, int c )
-            {
-                EXPECT_EQ( m.computeTranspose()( c, r ), m( r, c ) );
-                cofactors( c, r ) = m.computeAdjoint()( r, c ) * ( ( r + c ) % 2 ? oddSign : 1 );
-            } );
-        const auto product = multiply( toRows<T, n>( m ), cofactors );
-        forEachPlace<n>( [&]( int r, int c ) { EXPECT_EQ( product( r, c ), r == c ? product( 0, 0 ) : 0 ); } );
-        return product( 0, 0 );
-    };
-    const auto expectInverse = []( auto m, T determinant )
-    {
-        constexpr int n = ZqTest::columnCount<decltype( m )>;
-        const T bound = 1000 * epsilon<T>;
-        // linear and affine matrices have a formula for the determinant alone, exact here
-        EXPECT_NEAR( m.computeDeterminant(), determinant, ZqTest::rowCount<decltype( m )> == 4 ? bound : 0 );
-        if ( determinant == 0 )
-            return;
-        const auto inverse = m.computeInverse();
-        const auto product = multiply( toRows<T, n>( m ), toRows<T, n>( inverse ) );
-        forEachPlace<n>( [&]( int r, int c ) { EXPECT_NEAR( product( r, c ), T( r == c ), bound ); } );
-        // the destination may be the source
-        T found = 0;
-        m.computeInverseAndDeterminant( m, found );
-        EXPECT_EQ( m, inverse );
-        EXPECT_NEAR( found, determinant, bound );
-    };
     Random random( 11 );
-    for ( int i = 0; i < 3000; ++i )
+    for ( const auto i : random.runs( 3000 ) )
     {
         const auto l = randomIntegers<GeLinearMatrix3<T>>( random, 3 );
         const auto a = randomIntegers<GeAffineMatrix3<T>>( random, 3 );
@@ -158,7 +179,8 @@ ZQ_TWIN_TEST( Matrix, IdentityAndZero )
     GeProjectiveMatrix3<T> p( a );
     a.setIdentity();
     p.setIdentity();
-    EXPECT_TRUE( a == GeAffineMatrix3<T>( identity ) && p == GeProjectiveMatrix3<T>( identity ) );
+    EXPECT_EQ( a, GeAffineMatrix3<T>( identity ) );
+    EXPECT_EQ( p, GeProjectiveMatrix3<T>( identity ) );
     const T limit = sizeof( T ) == sizeof( float ) ? T( 1e-6 ) : T( 1e-7 );
     forEachPlace<3>(
         [&]( int r, int c )
@@ -171,7 +193,8 @@ ZQ_TWIN_TEST( Matrix, IdentityAndZero )
         } );
     l.setZero();
     a.setZero();
-    EXPECT_TRUE( l == zero && a == GeAffineMatrix3<T>( zero ) );
+    EXPECT_EQ( l, zero );
+    EXPECT_EQ( a, GeAffineMatrix3<T>( zero ) );
 }
 
 ZQ_TWIN_TEST( Matrix, HomogeneousArithmeticTreatsFourComponentsAlike )
@@ -179,11 +202,16 @@ ZQ_TWIN_TEST( Matrix, HomogeneousArithmeticTreatsFourComponentsAlike )
     using Coord = GeHomogeneousCoord3<T>;
     const Coord a( 1, 2, 3, 4 ), b( 10, -20, 30, -40 );
     Coord c = a * T( 49 );
-    EXPECT_TRUE( a + b == Coord( 11, -18, 33, -36 ) && a - b == Coord( -9, 22, -27, 44 ) );
-    EXPECT_TRUE( c == Coord( 49, 98, 147, 196 ) && -a == Coord( -1, -2, -3, -4 ) );
+    EXPECT_EQ( a + b, Coord( 11, -18, 33, -36 ) );
+    EXPECT_EQ( a - b, Coord( -9, 22, -27, 44 ) );
+    EXPECT_EQ( c, Coord( 49, 98, 147, 196 ) );
+    EXPECT_EQ( -a, Coord( -1, -2, -3, -4 ) );
     // one reciprocal: 49 * ( 1 / 49 ) falls short of 1
-    EXPECT_TRUE( c / T( 49 ) == c * ( T( 1 ) / T( 49 ) ) && ( c /= T( 49 ) ) == a * T( 49 ) / T( 49 ) );
-    EXPECT_TRUE( ( ( c = a ) += b ) == a + b && ( c -= b ) == a && ( c *= T( 3 ) ) == a * T( 3 ) );
+    EXPECT_EQ( c / T( 49 ), c * ( T( 1 ) / T( 49 ) ) );
+    EXPECT_EQ( c /= T( 49 ), a * T( 49 ) / T( 49 ) );
+    EXPECT_EQ( ( c = a ) += b, a + b );
+    EXPECT_EQ( c -= b, a );
+    EXPECT_EQ( c *= T( 3 ), a * T( 3 ) );
 }
 
 } // namespace

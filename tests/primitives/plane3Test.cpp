@@ -17,11 +17,25 @@ GeNormalizedPlane3<T> fit( const std::vector<GePoint3<T>>& polygon )
     return builder.getPlane();
 }
 
+ZQ_TWIN_TEST( Plane3, ByHand )
+{
+    const GePlane3<T> wall( 2, 0, 0, -2 ); // x = 1, seen from greater x
+    const GeNormalizedPlane3<T> unit( wall );
+    EXPECT_EQ( wall.computeValue( GePoint3<T>( 4, 7, 9 ) ), 6 );
+    EXPECT_EQ( unit.computeValue( GePoint3<T>( 4, 7, 9 ) ), 3 ); // in front, 3 away
+    EXPECT_EQ( unit.computeValue( GePoint3<T>( 0, 7, 9 ) ), -1 );
+    // facing the viewer who sees the corners counter-clockwise
+    EXPECT_EQ( fit<T>( { { 0, 0, 5 }, { 1, 0, 5 }, { 1, 1, 5 }, { 0, 1, 5 } } ), GeNormalizedPlane3<T>( 0, 0, 1, -5 ) );
+    T t = 0;
+    EXPECT_TRUE( unit.intersectRay( GePoint3<T>( 5, 0, 0 ), GeVector3<T>( -2, 0, 0 ), t ) );
+    EXPECT_EQ( t, 2 );
+}
+
 ZQ_TWIN_TEST( Plane3, NormalizingLeavesThePlaneInPlace )
 {
     Random random( 1 );
     const double eps = double( epsilon<T> );
-    for ( int i = 0; i < 4000; ++i )
+    for ( const auto i : random.runs( 4000 ) )
     {
         const GePlane3<T> plane( random.vector<T>( 10 ), random.uniform<T>( -20, 20 ) );
         GeNormalizedPlane3<T> unit( plane );
@@ -51,7 +65,7 @@ ZQ_TWIN_TEST( Plane3, FitAgreesWithAFanOfTriangles )
     Random random( 3 );
     const double eps = double( epsilon<T> );
     const GeVector3<T> away( 8000000, -8000000, 8000000 );
-    for ( int i = 0; i < 1000; ++i )
+    for ( const auto i : random.runs( 1000 ) )
     {
         // any closed polygon of integer coordinates: the sums are exact
         std::vector<GePoint3<T>> polygon, moved;
@@ -71,7 +85,7 @@ ZQ_TWIN_TEST( Plane3, FitAgreesWithAFanOfTriangles )
         }
         sum.normalize();
         const GeNormalizedPlane3<T> plane = fit( polygon ), far = fit( moved );
-        EXPECT_TRUE( GeVector3<double>( plane.getNormal() ).isEqual( sum, 100 * eps ) ) << i;
+        EXPECT_CLOSE( GeVector3<double>( plane.getNormal() ), sum, 100 * eps ) << i;
         EXPECT_NEAR( double( plane.getOffset() ), -sum.dot( mean ), 20000 * eps ) << i;
         // far away nothing is lost: the sums are relative to the first vertex
         EXPECT_EQ( far.getNormal(), plane.getNormal() );
@@ -86,7 +100,8 @@ ZQ_TWIN_TEST( Plane3, BuilderStartsAnewAfterAFitAndGoesOnAfterAFailure )
     GePlane3Builder<T> builder;
     for ( const GePoint3<T>& point : polygon )
         builder.addPoint( point );
-    EXPECT_TRUE( builder.getPlane() == plane && builder.getPlane() == plane );
+    EXPECT_EQ( builder.getPlane(), plane );
+    EXPECT_EQ( builder.getPlane(), plane );
     const std::vector<GePoint3<T>> late = { { 0, 0, 1 }, { 1, 1, 1 }, { 2, 2, 1 }, { 0, 0, 2 } };
     for ( const GePoint3<T>& point : late )
     {

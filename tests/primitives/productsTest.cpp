@@ -15,80 +15,167 @@ namespace
 
 ZQ_TWIN_SUITE( Products );
 
+/// The factors of one run.
+template <class T>
+struct Factors
+{
+    explicit Factors( Random& random )
+        : l( randomIntegers<GeLinearMatrix3<T>>( random, 20 ) ), k( randomIntegers<GeLinearMatrix3<T>>( random, 20 ) ),
+          a( randomIntegers<GeAffineMatrix3<T>>( random, 20 ) ), b( randomIntegers<GeAffineMatrix3<T>>( random, 20 ) ),
+          p( randomIntegers<GeProjectiveMatrix3<T>>( random, 20 ) ),
+          q( randomIntegers<GeProjectiveMatrix3<T>>( random, 20 ) )
+    {
+    }
+
+    GeLinearMatrix3<T> l, k;
+    GeAffineMatrix3<T> a, b;
+    GeProjectiveMatrix3<T> p, q;
+    GeVector3<T> v = b.getColumn( 1 );
+    GePoint3<T> point{ v };
+    GeScale3<T> s{ v };
+    GeTranslation3<T> t{ b.getTranslation() };
+    GeRotation3<T> r{ k }, other{ l }; // of any matrix
+};
+
+/// The full matrix of a factor. The bottom row of an affine one, which nobody looks at, stays what it is.
+template <class T, class Factor>
+auto expand( const Factor& m )
+{
+    using Projective = GeProjectiveMatrix3<T>;
+    if constexpr ( std::is_same_v<Factor, GeAffineMatrix3<T>> )
+    {
+        const auto stored = ZqTest::numbersOf<T>( m );
+        EXPECT_EQ(
+            ( std::array<T, 4>{ stored[3], stored[7], stored[11], stored[15] } ), ( std::array<T, 4>{ 0, 0, 0, 1 } ) );
+    }
+    if constexpr ( std::is_constructible_v<Projective, const Factor&> )
+        return ZqTest::toRows<int, 4>( Projective( m ) );
+    else
+        return ZqTest::toRows<int, 4>( Projective( m * GeLinearMatrix3<T>() ) );
+}
+
+template <class T, class Factor, class... Operands>
+void expectProducts( const Factor& factor, const Operands&... operands )
+{
+    const auto expectProduct = [&]( const auto& operand )
+    { EXPECT_EQ( expand<T>( factor * operand ), multiply( expand<T>( factor ), expand<T>( operand ) ) ); };
+    ( expectProduct( operands ), ... );
+}
+
+template <class T, class Factor, class... Operands>
+void expectBothWays( const Factor& factor, const Operands&... operands )
+{
+    const auto expectOnRight = [&]( const auto& operand )
+    { EXPECT_EQ( expand<T>( factor.mulOnRight( operand ) ), multiply( expand<T>( operand ), expand<T>( factor ) ) ); };
+    expectProducts<T>( factor, operands... );
+    ( expectOnRight( operands ), ... );
+}
+
+ZQ_TWIN_TEST( Products, ByHand )
+{
+    const GePoint3<T> p( 1, 0, 0 );
+    const GeLinearMatrix3<T> quarterTurn( 0, -1, 0, 1, 0, 0, 0, 0, 1 ); // x goes to y
+    const GeTranslation3<T> right( 5, 0, 0 );
+    const GeScale3<T> twice( 2, 2, 2 );
+    const GeAffineMatrix3<T> turn( quarterTurn );
+    EXPECT_EQ( ( turn * ( right * GeAffineMatrix3<T>() ) ) * p, GePoint3<T>( 0, 6, 0 ) ); // the right one acts first
+    EXPECT_EQ( ( right * turn ) * p, GePoint3<T>( 5, 1, 0 ) );
+    EXPECT_EQ( right.mulOnRight( turn ) * p, GePoint3<T>( 0, 6, 0 ) );
+    EXPECT_EQ( ( twice * ( right * turn ) ) * p, GePoint3<T>( 10, 2, 0 ) );
+    const T quarter = T( 1.57079632679489662 );
+    const GeVector3<T> x( 1, 0, 0 ), y( 0, 1, 0 ), z( 0, 0, 1 );
+    EXPECT_CLOSE( GeZAxisRotation3<T>( quarter ) * x, y, T( 1e-7 ) );
+    EXPECT_CLOSE( GeXAxisRotation3<T>( quarter ) * y, z, T( 1e-7 ) );
+    EXPECT_CLOSE( GeYAxisRotation3<T>( quarter ) * z, x, T( 1e-7 ) );
+}
+
 ZQ_TWIN_TEST( Products, AreThoseOfTheFullMatrices )
 {
-    using Linear = GeLinearMatrix3<T>;
-    using Affine = GeAffineMatrix3<T>;
-    using Projective = GeProjectiveMatrix3<T>;
-    using Rotation = GeRotation3<T>;
-    const auto expand = []( const auto& m )
-    {
-        if constexpr ( std::is_constructible_v<Projective, decltype( m )> )
-            return ZqTest::toRows<int, 4>( Projective( m ) );
-        else
-            return ZqTest::toRows<int, 4>( Projective( m * Linear() ) );
-    };
-    const auto expectProduct = [&]( const auto& product, const auto& left, const auto& right )
-    { EXPECT_EQ( expand( product ), multiply( expand( left ), expand( right ) ) ); };
-    const auto expectProducts = [&]( const auto& factor, const auto&... operands )
-    { ( expectProduct( factor * operands, factor, operands ), ... ); };
-    const auto expectBothWays = [&]( const auto& factor, const auto&... operands )
-    {
-        expectProducts( factor, operands... );
-        ( expectProduct( factor.mulOnRight( operands ), operands, factor ), ... );
-    };
     Random random( 40 );
-    for ( int i = 0; i < 200; ++i )
+    for ( const auto i : random.runs( 200 ) )
     {
-        const auto l = randomIntegers<Linear>( random, 20 ), k = randomIntegers<Linear>( random, 20 );
-        const auto a = randomIntegers<Affine>( random, 20 ), b = randomIntegers<Affine>( random, 20 );
-        const auto p = randomIntegers<Projective>( random, 20 ), q = randomIntegers<Projective>( random, 20 );
-        const GeVector3<T> v = b.getColumn( 1 );
-        const GePoint3<T> point( v );
-        const GeScale3<T> s( v );
-        const GeTranslation3<T> t( b.getTranslation() );
-        const Rotation r( k ), other( l ); // of any matrix
-        expectProducts( l, k, r );
-        expectProducts( a, b, r );
-        expectProducts( p, a, q );
-        expectProducts( r, l, a, other );
-        expectBothWays( a, l );
-        expectBothWays( s, l, a, p );
-        expectBothWays( t, l, a, p );
-        EXPECT_TRUE( ( Linear( l ) *= k ) == l * k && ( Rotation( r ) *= other ) == r * other );
-        EXPECT_TRUE( ( Affine( a ) *= l ) == a * l && ( Affine( a ) *= b ) == a * b );
-        EXPECT_TRUE( ( Projective( p ) *= a ) == p * a && ( Projective( p ) *= q ) == p * q );
-        const auto expectRotation = [&]( const auto& rotation, const auto& byAngle, const GeVector3<T>& axis )
-        {
-            EXPECT_TRUE( byAngle.getMatrix().isEqual( Rotation::makeRotation( axis, T( i ) ), 4 * epsilon<T> ) );
-            expectBothWays( rotation, s, t, l, r, a );
-            static_assert( std::is_same_v<decltype( rotation * r ), Rotation> );
-            const Linear m = rotation.getMatrix();
-            EXPECT_TRUE( m == rotation * Linear() && rotation * v == m * v && rotation * point == m * point );
-            EXPECT_EQ( rotation.computeInverse().getMatrix(), m.computeTranspose() );
-        };
-        expectRotation( GeXAxisRotation3<T>( 3, T( i ) ), GeXAxisRotation3<T>( T( i ) ), { 1, 0, 0 } );
-        expectRotation( GeYAxisRotation3<T>( 3, T( i ) ), GeYAxisRotation3<T>( T( i ) ), { 0, 1, 0 } );
-        expectRotation( GeZAxisRotation3<T>( 3, T( i ) ), GeZAxisRotation3<T>( T( i ) ), { 0, 0, 1 } );
-        EXPECT_TRUE( r * v == k * v && r * point == k * point && Linear( r.computeInverse() ) == k.computeTranspose() );
-
-        // a vector is a column on the right and a row on the left; a point has a fourth coordinate of 1
-        const GeHomogeneousCoord3<T> h( v[0], v[1], v[2], 5 ), direction( v[0], v[1], v[2], 0 );
-        GeHomogeneousCoord3<T> sum;
-        for ( int c = 0; c < 4; ++c )
-            sum += GeHomogeneousCoord3<T>( p( 0, c ), p( 1, c ), p( 2, c ), p( 3, c ) ) * ( c < 3 ? v[c] : T( 5 ) );
-        EXPECT_TRUE( p * h == sum && p.mulOnRight( h ) == p.computeTranspose() * h && p * v == p * direction );
-        EXPECT_TRUE( a * v == ( a * b ).getColumn( 1 ) && a.mulOnRight( v ) == a.getLinear().mulOnRight( v ) );
-        EXPECT_EQ( a * GePoint3<T>( b.getTranslation() ), GePoint3<T>( ( a * b ).getTranslation() ) );
-        EXPECT_TRUE( l * v == Affine( l ) * v && l.mulOnRight( v ) == l.computeTranspose() * v );
-        EXPECT_EQ( l * point, GePoint3<T>( l * v ) );
+        const Factors<T> f( random );
+        expectProducts<T>( f.l, f.k, f.r );
+        expectProducts<T>( f.a, f.b, f.r );
+        expectProducts<T>( f.p, f.a, f.q );
+        expectProducts<T>( f.r, f.l, f.a, f.other );
+        expectBothWays<T>( f.a, f.l );
+        expectBothWays<T>( f.s, f.l, f.a, f.p );
+        expectBothWays<T>( f.t, f.l, f.a, f.p );
+        EXPECT_EQ( GeLinearMatrix3<T>( f.l ) *= f.k, f.l * f.k );
+        EXPECT_EQ( GeRotation3<T>( f.r ) *= f.other, f.r * f.other );
+        EXPECT_EQ( GeAffineMatrix3<T>( f.a ) *= f.l, f.a * f.l );
+        EXPECT_EQ( GeAffineMatrix3<T>( f.a ) *= f.b, f.a * f.b );
+        EXPECT_EQ( GeProjectiveMatrix3<T>( f.p ) *= f.a, f.p * f.a );
+        EXPECT_EQ( GeProjectiveMatrix3<T>( f.p ) *= f.q, f.p * f.q );
     }
-    // no infinity meets a known zero, which would make NaN
+}
+
+/// `rotation` has the cosine 3 and the sine `angle`, so that it is exact; `byAngle` turns by the angle.
+template <class T, class Rotation>
+void expectAxisRotation( const Factors<T>& f, const Rotation& rotation, const GeVector3<T>& axis, T angle )
+{
+    EXPECT_CLOSE( Rotation( angle ).getMatrix(), GeRotation3<T>::makeRotation( axis, angle ), 4 * epsilon<T> );
+    expectBothWays<T>( rotation, f.s, f.t, f.l, f.r, f.a );
+    static_assert( std::is_same_v<decltype( rotation * f.r ), GeRotation3<T>> );
+    const GeLinearMatrix3<T> m = rotation.getMatrix();
+    EXPECT_EQ( m, rotation * GeLinearMatrix3<T>() );
+    EXPECT_EQ( rotation * f.v, m * f.v );
+    EXPECT_EQ( rotation * f.point, m * f.point );
+    EXPECT_EQ( rotation.computeInverse().getMatrix(), m.computeTranspose() );
+}
+
+ZQ_TWIN_TEST( Products, AxisRotationsAreTheirMatrices )
+{
+    Random random( 41 );
+    for ( const auto i : random.runs( 200 ) )
+    {
+        const Factors<T> f( random );
+        const T angle = T( i );
+        expectAxisRotation( f, GeXAxisRotation3<T>( 3, angle ), { 1, 0, 0 }, angle );
+        expectAxisRotation( f, GeYAxisRotation3<T>( 3, angle ), { 0, 1, 0 }, angle );
+        expectAxisRotation( f, GeZAxisRotation3<T>( 3, angle ), { 0, 0, 1 }, angle );
+        EXPECT_EQ( f.r * f.v, f.k * f.v );
+        EXPECT_EQ( f.r * f.point, f.k * f.point );
+        EXPECT_EQ( GeLinearMatrix3<T>( f.r.computeInverse() ), f.k.computeTranspose() );
+    }
+}
+
+// A vector is a column on the right and a row on the left; a point has a fourth coordinate of 1.
+ZQ_TWIN_TEST( Products, OfMatricesAndVectors )
+{
+    using Coord = GeHomogeneousCoord3<T>;
+    Random random( 42 );
+    for ( const auto i : random.runs( 200 ) )
+    {
+        const Factors<T> f( random );
+        const GeVector3<T>& v = f.v;
+        const Coord h( v[0], v[1], v[2], 5 ), direction( v[0], v[1], v[2], 0 );
+        Coord sum;
+        for ( int c = 0; c < 4; ++c )
+            sum += Coord( f.p( 0, c ), f.p( 1, c ), f.p( 2, c ), f.p( 3, c ) ) * ( c < 3 ? v[c] : T( 5 ) );
+        EXPECT_EQ( f.p * h, sum );
+        EXPECT_EQ( f.p.mulOnRight( h ), f.p.computeTranspose() * h );
+        EXPECT_EQ( f.p * v, f.p * direction );
+        EXPECT_EQ( f.a * v, ( f.a * f.b ).getColumn( 1 ) );
+        EXPECT_EQ( f.a.mulOnRight( v ), f.a.getLinear().mulOnRight( v ) );
+        EXPECT_EQ( f.a * GePoint3<T>( f.b.getTranslation() ), GePoint3<T>( ( f.a * f.b ).getTranslation() ) );
+        EXPECT_EQ( f.l * v, GeAffineMatrix3<T>( f.l ) * v );
+        EXPECT_EQ( f.l.mulOnRight( v ), f.l.computeTranspose() * v );
+        EXPECT_EQ( f.l * f.point, GePoint3<T>( f.l * v ) );
+    }
+}
+
+ZQ_TWIN_TEST( Products, NoInfinityMeetsAKnownZero )
+{
     const GeTranslation3<T> t( ZqTest::infinity<T>, ZqTest::infinity<T>, ZqTest::infinity<T> );
-    const Affine far( Linear(), t.getVector() );
-    EXPECT_TRUE( t * Affine() == far && t * Linear() == far && far * Affine() == far && far * Linear() == far );
-    EXPECT_TRUE( t.mulOnRight( Affine() ).getLinear() == Linear() );
-    static_assert( std::is_convertible_v<Rotation, Linear> && !std::is_convertible_v<Linear, Rotation> );
+    const GeLinearMatrix3<T> linear;
+    const GeAffineMatrix3<T> affine, far( linear, t.getVector() );
+    EXPECT_EQ( t * affine, far );
+    EXPECT_EQ( t * linear, far );
+    EXPECT_EQ( far * affine, far );
+    EXPECT_EQ( far * linear, far );
+    EXPECT_EQ( t.mulOnRight( affine ).getLinear(), linear );
 }
 
 } // namespace

@@ -101,7 +101,7 @@ ZQ_TWIN_TEST( Rotation3, AimAtAPolygon )
     // a tie between edges of length 2: the first one wins
     EXPECT_EQ( aim( { { 0, 0, 3 }, { 2, 0, 3 }, { 2, 1, 3 }, { 0, 1, 3 } }, 2, 0 )( 0 ), Vector( 1, 0, 0 ) );
     Random random( 53 );
-    for ( int i = 0; i < 300; ++i )
+    for ( const auto i : random.runs( 300 ) )
     {
         // a concave polygon in a known frame, whose first corner turns the wrong way, with its longest edge last
         const GeUnitVector3<T> normal = random.direction<T>();
@@ -114,8 +114,8 @@ ZQ_TWIN_TEST( Rotation3, AimAtAPolygon )
         const int aimAxis = i % 3, planeAxis = ( i + 1 + i / 3 % 2 ) % 3;
         const auto basis = aim( points, aimAxis, planeAxis );
         const T bound = 16 * epsilon<T>;
-        EXPECT_TRUE( basis( aimAxis ).isEqual( normal, bound ) );
-        EXPECT_TRUE( basis( planeAxis ).isEqual( frame * Vector( 2, 1, 0 ).computeUnit(), bound ) );
+        EXPECT_CLOSE( basis( aimAxis ), normal, bound );
+        EXPECT_CLOSE( basis( planeAxis ), frame * Vector( 2, 1, 0 ).computeUnit(), bound );
     }
 }
 

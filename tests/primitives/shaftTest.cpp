@@ -47,6 +47,16 @@ Point randomPointIn( Random& random, const Box& box, float around )
     return p;
 }
 
+TEST( Shaft, ByHand )
+{
+    const GeShaft shaft( Box( Point( 0, 0, 0 ), Point( 1, 1, 1 ) ), Box( Point( 4, 4, 0 ), Point( 5, 5, 1 ) ) );
+    EXPECT_TRUE( shaft.contains( Point( 2.5F, 2.5F, 0.5F ) ) ); // on the way
+    EXPECT_FALSE( shaft.contains( Point( 4, 1, 0.5F ) ) );      // in the extent, but beside the way
+    EXPECT_EQ( shaft.overlaps( Box( Point( 2, 2, 0 ), Point( 3, 3, 1 ) ) ), I::INSIDE );
+    EXPECT_EQ( shaft.overlaps( Box( Point( 4, 0, 0 ), Point( 5, 1, 1 ) ) ), I::OUTSIDE );
+    EXPECT_EQ( shaft.overlaps( Box( Point( 2, 0, 0 ), Point( 3, 3, 1 ) ) ), I::OVERLAP );
+}
+
 // Which regions there are -----------------------------------------------------------------------------------------
 
 /// Whether a point lies in the convex hull of two boxes seen along an axis, grown by a slack: in one of the boxes on the
@@ -69,7 +79,7 @@ bool isInProjectedHull( const Box& a, const Box& b, int axis, const Point& p, do
 TEST( Shaft, HoldsExactlyTheHullOfTheBoxesAsSeenAlongEachAxis )
 {
     Random random( 1 );
-    for ( int i = 0; i < 600; ++i )
+    for ( const auto i : random.runs( 600 ) )
     {
         const GeShaft shaft = randomShaft( random );
         const auto isInHull = [&]( int axis, const Point& p, double slack )
@@ -80,7 +90,8 @@ TEST( Shaft, HoldsExactlyTheHullOfTheBoxesAsSeenAlongEachAxis )
             const bool isInside = isInHull( 0, p, -1e-3 ) && isInHull( 1, p, -1e-3 ) && isInHull( 2, p, -1e-3 );
             if ( !isInside && isInHull( 0, p, 1e-3 ) && isInHull( 1, p, 1e-3 ) && isInHull( 2, p, 1e-3 ) )
                 continue; // faces that are closer count as one
-            ASSERT_TRUE( shaft.contains( p ) == isInside && shaft.containsExclude( p ) == isInside ) << p << shaft;
+            ASSERT_EQ( shaft.contains( p ), isInside ) << p << shaft;
+            ASSERT_EQ( shaft.containsExclude( p ), isInside ) << p << shaft;
         }
     }
 }
@@ -114,8 +125,10 @@ TEST( Shaft, FacesWithinAThousandthAreOne )
         const Box low( { 0, 1 }, { 0, 1 }, { 0, 0 } ), high( { atMin, 1 + atMax }, { 3, 4 }, { 0, 0 } );
         const I extent( std::min( 0.0F, atMin ), std::max( 1.0F, 1 + atMax ) );
         for ( const GeShaft& shaft : { GeShaft( low, high ), GeShaft( high, low ) } )
-            EXPECT_TRUE( shaft.getExtentBox().getInterval( 0 ) == extent && planesOf( shaft ).size() == nbPlanes )
-                << shaft;
+        {
+            EXPECT_EQ( shaft.getExtentBox().getInterval( 0 ), extent ) << shaft;
+            EXPECT_EQ( planesOf( shaft ).size(), nbPlanes ) << shaft;
+        }
     }
 }
 
@@ -149,7 +162,7 @@ TEST( Shaft, ConventionsCrossOnTheBoundary )
 TEST( Shaft, BoxAnswersAgreeWithPointsOfTheBox )
 {
     Random random( 3 );
-    for ( int i = 0; i < 30000; ++i )
+    for ( const auto i : random.runs( 30000 ) )
     {
         const GeShaft shaft = randomShaft( random );
         // one in a hundred holds everything, or nearly so
@@ -172,8 +185,11 @@ TEST( Shaft, UninitialisedIsEmptyAndInitialisingReplacesEverything )
 {
     GeShaft shaft;
     const Box all( { -9, 9 }, { -9, 9 }, { -9, 9 } );
-    EXPECT_TRUE( shaft.getRefBox1().isEmpty() && shaft.getRefBox2().isEmpty() && shaft.getExtentBox().isEmpty() );
-    EXPECT_TRUE( shaft.overlaps( all ) == I::OUTSIDE && shaft.overlapsExclude( all ) == I::OUTSIDE );
+    EXPECT_TRUE( shaft.getRefBox1().isEmpty() );
+    EXPECT_TRUE( shaft.getRefBox2().isEmpty() );
+    EXPECT_TRUE( shaft.getExtentBox().isEmpty() );
+    EXPECT_EQ( shaft.overlaps( all ), I::OUTSIDE );
+    EXPECT_EQ( shaft.overlapsExclude( all ), I::OUTSIDE );
     shaft.initialize( Box( { -5, 5 }, { -1, 1 }, { -1, 1 } ), Box( { -1, 1 }, { -5, 5 }, { -5, 5 } ) );
     EXPECT_EQ( planesOf( shaft ).size(), 8U );
     shaft.initialize( Box( { 0, 1 }, { 0, 1 }, { 0, 0 } ), Box( { 2, 3 }, { 2, 3 }, { 0, 0 } ) );
@@ -188,7 +204,9 @@ TEST( Shaft, ComparisonLooksAtBoxesAndPlanes )
         auto numbers = ZqTest::numbersOf<float>( shaft );
         numbers[i] += 0.25F;
         const auto other = ZqTest::copyAs<GeShaft>( numbers );
-        EXPECT_TRUE( shaft != other && isEqual( shaft, other, 0.26F ) && !isEqual( shaft, other, 0.24F ) ) << i;
+        EXPECT_NE( shaft, other ) << i;
+        EXPECT_TRUE( isEqual( shaft, other, 0.26F ) ) << i;
+        EXPECT_FALSE( isEqual( shaft, other, 0.24F ) ) << i;
     }
     const Box box = shaft.getRefBox1();
     EXPECT_FALSE( GeShaft( box, box ).isEqual( shaft, 100 ) ); // all is close but the number of planes

@@ -7,11 +7,24 @@ namespace
 
 ZQ_TWIN_SUITE( Sphere3 );
 
+ZQ_TWIN_TEST( Sphere3, ByHand )
+{
+    const GeSphere3<T> sphere( GePoint3<T>( 0, 0, 0 ), 1 );
+    T enters = 0, leaves = 0;
+    EXPECT_TRUE( sphere.intersectRay( GePoint3<T>( 5, 0, 0 ), GeVector3<T>( 2, 0, 0 ), enters, leaves ) );
+    EXPECT_EQ( enters, -3 ); // a whole line, in lengths of its direction
+    EXPECT_EQ( leaves, -2 );
+    EXPECT_FALSE( sphere.intersectRay( GePoint3<T>( 5, 2, 0 ), GeVector3<T>( 2, 0, 0 ), enters, leaves ) );
+    GePoint3<T> closest;
+    EXPECT_TRUE( sphere.getClosestPoint( GePoint3<T>( -5, 3, 0 ), GeVector3<T>( 1, 0, 0 ), closest ) );
+    EXPECT_EQ( closest, GePoint3<T>( 0, 1, 0 ) );
+}
+
 ZQ_TWIN_TEST( Sphere3, RootsLieOnTheSphereAndClosestPointsTowardsTheLine )
 {
     Random random( 1 );
     const T bound = 200 * epsilon<T>;
-    for ( int i = 0; i < 20000; ++i )
+    for ( const auto i : random.runs( 20000 ) )
     {
         const GeSphere3<T> sphere( random.point<T>( 5 ), random.uniform<T>( T( 0.5 ), 4 ) );
         const GePoint3<T> origin = random.point<T>( 10 ), center = sphere.getCenter();
@@ -62,8 +75,8 @@ ZQ_TWIN_TEST( Sphere3, ClosestPoint )
         EXPECT_EQ( closest, expected ) << what;
     }
     // each tolerance for its own part
-    EXPECT_TRUE( sphere.isEqual( GeSphere3<T>( { 1, 0, 0 }, 2 ), T( 0.1 ), 2 ) );
-    EXPECT_TRUE( sphere.isEqual( GeSphere3<T>( { 1, 0, 1 }, 1 ), 2, T( 0.1 ) ) );
+    EXPECT_CLOSE( sphere, GeSphere3<T>( { 1, 0, 0 }, 2 ), T( 0.1 ), T( 2 ) );
+    EXPECT_CLOSE( sphere, GeSphere3<T>( { 1, 0, 1 }, 1 ), T( 2 ), T( 0.1 ) );
 }
 
 } // namespace

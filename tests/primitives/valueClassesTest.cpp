@@ -11,12 +11,18 @@
 #include <zq/primitives/geVector2.h>
 #include <zq/primitives/geXAxisRotation3.h>
 
-using ::testing::PrintToString; // by <<
-
 namespace
 {
 
 ZQ_TWIN_SUITE( ValueClasses );
+
+template <class Value>
+std::string toText( const Value& value )
+{
+    std::ostringstream os;
+    os << value;
+    return os.str();
+}
 
 /// Moves each number of the value by itself. Every comparison must see it, strictly within the tolerance, and a NaN
 /// equals nothing. The numbers are small integers, so that the moves are exact; some may be fixed and never looked at.
@@ -32,10 +38,11 @@ void expectComparisonsSeeEveryNumber( const Value& start )
             const bool isUnmoved = changed == numbers, shouldBeNear = isUnmoved || amount < T( 0.5 );
             Value moved = start;
             std::memcpy( static_cast<void*>( &moved ), changed.data(), sizeof moved );
-            EXPECT_TRUE( ( moved == start ) == isUnmoved && ( moved != start ) == !isUnmoved ) << i << amount;
+            EXPECT_EQ( moved == start, isUnmoved ) << i << amount;
+            EXPECT_EQ( moved != start, !isUnmoved ) << i << amount;
             EXPECT_EQ( moved.isEqual( start, T( 0.5 ) ), shouldBeNear ) << i << amount;
             EXPECT_EQ( start.isEqual( moved, T( 0.5 ) ), shouldBeNear ) << i << amount;
-            EXPECT_TRUE( ( moved == moved ) == ( changed == changed ) );
+            EXPECT_EQ( moved == moved, changed == changed );
         }
 }
 
@@ -54,9 +61,14 @@ ZQ_TWIN_TEST( ValueClasses, ComparisonLooksAtEveryNumber )
     expectComparisonsSeeEveryNumber<T, 4>( GeAffineMatrix3<T>() ); // the bottom row
     // within a tolerance: sphere3Test.cpp
     const GeSphere3<T> sphere( Point( v ), 4 ), moved( Point( 1, 2, 5 ), 4 ), grown( Point( v ), 5 );
-    EXPECT_TRUE( sphere == sphere && moved != sphere && grown != sphere && !( grown == moved ) );
-    EXPECT_FALSE( moved.isEqual( sphere, 2, 9 ) || grown.isEqual( sphere, 9, 1 ) );
-    EXPECT_TRUE( isEqual( frustum, frustum, T( 1 ) ) && !isEqual( frustum, frustum, T( 0 ) ) );
+    EXPECT_EQ( sphere, sphere );
+    EXPECT_NE( moved, sphere );
+    EXPECT_NE( grown, sphere );
+    EXPECT_FALSE( grown == moved );
+    EXPECT_FALSE( moved.isEqual( sphere, 2, 9 ) );
+    EXPECT_FALSE( grown.isEqual( sphere, 9, 1 ) );
+    EXPECT_TRUE( isEqual( frustum, frustum, T( 1 ) ) );
+    EXPECT_FALSE( isEqual( frustum, frustum, T( 0 ) ) );
     EXPECT_EQ( GeVector3<T>( 0, 1, 0 ), GeVector3<T>( T( -0.0 ), 1, 0 ) );
 }
 
@@ -88,7 +100,61 @@ void expectWritten( const Value& value, const std::string& text )
     Collector collector;
     value.writeText( collector );
     EXPECT_EQ( collector.getText(), text );
-    EXPECT_EQ( PrintToString( value ), text );
+    EXPECT_EQ( toText( value ), text );
+}
+
+/// Sets each component by its setter; no other number changes, and the getter returns it.
+template <class T, class Value, class... Access>
+void expectComponents( const Value& start, const Access&... accesses )
+{
+    std::size_t i = 0;
+    const auto expectComponent = [&]( const auto& access )
+    {
+        Value value = start;
+        ( value.*access.first )( T( 42 ) );
+        auto expected = ZqTest::numbersOf<T>( start );
+        expected[i++] = T( 42 );
+        EXPECT_EQ( ZqTest::numbersOf<T>( value ), expected );
+        EXPECT_EQ( ( value.*access.second )(), T( 42 ) );
+    };
+    ( expectComponent( accesses ), ... );
+    EXPECT_EQ( i, sizeof( Value ) / sizeof( T ) );
+}
+
+template <class T, class Value>
+void expectXYZ( const Value& start )
+{
+    expectComponents<T>( start, std::pair( &Value::setX, &Value::getX ), std::pair( &Value::setY, &Value::getY ),
+        std::pair( &Value::setZ, &Value::getZ ) );
+}
+
+ZQ_TWIN_TEST( ValueClasses, SettersAndGettersNameTheSameNumber )
+{
+    using std::pair;
+    using V2 = GeVector2<T>;
+    using P2 = GePoint2<T>;
+    using H = GeHomogeneousCoord3<T>;
+    using Q = GeQuaternion3<T>;
+    using Rgb = CoRgbColorT<T>;
+    using Hsv = CoHsvColorT<T>;
+    expectXYZ<T>( GeVector3<T>( 1, 2, 3 ) );
+    expectXYZ<T>( GePoint3<T>( 1, 2, 3 ) );
+    expectComponents<T>( V2( 1, 2 ), pair( &V2::setX, &V2::getX ), pair( &V2::setY, &V2::getY ) );
+    expectComponents<T>( P2( 1, 2 ), pair( &P2::setX, &P2::getX ), pair( &P2::setY, &P2::getY ) );
+    expectComponents<T>( H( 1, 2, 3, 4 ), pair( &H::setX, &H::getX ), pair( &H::setY, &H::getY ),
+        pair( &H::setZ, &H::getZ ), pair( &H::setW, &H::getW ) );
+    expectComponents<T>( Q( 1, 2, 3, 4 ), pair( &Q::setX, &Q::getX ), pair( &Q::setY, &Q::getY ),
+        pair( &Q::setZ, &Q::getZ ), pair( &Q::setW, &Q::getW ) );
+    expectComponents<T>( Rgb( 1, 2, 3 ), pair( &Rgb::setRed, &Rgb::getRed ), pair( &Rgb::setGreen, &Rgb::getGreen ),
+        pair( &Rgb::setBlue, &Rgb::getBlue ) );
+    expectComponents<T>( Hsv( 1, 2, 3 ), pair( &Hsv::setHue, &Hsv::getHue ),
+        pair( &Hsv::setSaturation, &Hsv::getSaturation ), pair( &Hsv::setValue, &Hsv::getValue ) );
+    CoSpectrumT<T> spectrum( 1, 2, 3 );
+    spectrum.setSample( 1, 42 );
+    EXPECT_EQ( spectrum, CoSpectrumT<T>( 1, 42, 3 ) );
+    H h( 1, 2, 3, 4 );
+    h.setZero();
+    EXPECT_EQ( h, H( 0, 0, 0, 0 ) );
 }
 
 // What can be read as well: in the next test. Streams of other states: textBitsTest.cpp.

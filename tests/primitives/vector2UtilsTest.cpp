@@ -12,7 +12,7 @@ ZQ_TWIN_TEST( Vector2Utils, DistanceToALineAndToASegment )
     using R = long double;
     const auto measure = GeVector2Utils<T>::distanceSquaredFromPointToLineSegment;
     Random random( 22 );
-    for ( int i = 0; i < 5000; ++i )
+    for ( const auto i : random.runs( 5000 ) )
     {
         GePoint2<T> p, a, b;
         for ( GePoint2<T>* point : { &p, &a, &b } )
@@ -31,10 +31,12 @@ ZQ_TWIN_TEST( Vector2Utils, DistanceToALineAndToASegment )
     const GePoint2<T> o, p( 1, 2 ), x( 1, 0 ), bad( ZqTest::nan<T>, 0 );
     // a NaN length is not at most 0, and a foot that is NaN lies behind b
     EXPECT_EQ( measure( p, bad, x, false ), T( 4 ) );
-    EXPECT_TRUE( std::isnan( measure( p, bad, x, true ) ) && std::isnan( measure( x, o, bad, false ) ) );
+    EXPECT_TRUE( std::isnan( measure( p, bad, x, true ) ) );
+    EXPECT_TRUE( std::isnan( measure( x, o, bad, false ) ) );
     // a segment whose squared length underflows counts as its first end
     const T tiny = std::sqrt( std::numeric_limits<T>::denorm_min() ) / 4;
-    EXPECT_TRUE( measure( p, o, { tiny, tiny }, false ) == 5 && measure( p, o, { tiny, tiny }, true ) == 5 );
+    EXPECT_EQ( measure( p, o, { tiny, tiny }, false ), 5 );
+    EXPECT_EQ( measure( p, o, { tiny, tiny }, true ), 5 );
     // the square of the area, which would overflow, is never formed
     const T large = std::sqrt( std::numeric_limits<T>::max() ) / 8, far = std::sqrt( large );
     for ( const bool isLine : { false, true } )

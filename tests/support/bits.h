@@ -95,7 +95,9 @@ void expectSameBits( int count, const Make& make, const Library& library, const 
         const auto arguments = make( random );
         const auto answer = std::apply( library, arguments );
         const auto expected = std::apply( plain, arguments );
-        ASSERT_TRUE( isSame<T>( answer, expected ) ) << i << ": " << ::testing::PrintToString( arguments );
+        ASSERT_TRUE( isSame<T>( answer, expected ) )
+            << ::testing::PrintToString( answer ) << " instead of " << ::testing::PrintToString( expected ) << "; "
+            << "seed " << wideSeed() << ", run " << i << ": " << ::testing::PrintToString( arguments );
     }
 }
 
@@ -123,10 +125,13 @@ void expectSameArray(
         {
             const auto expected = static_cast<Result>( plain( records[i] ) );
             if constexpr ( std::is_class_v<Answer> )
-                EXPECT_TRUE( isSame<T>( results[i], expected ) ) << i << " of " << count;
+                EXPECT_TRUE( isSame<T>( results[i], expected ) )
+                    << i << " of " << count << ": " << ::testing::PrintToString( results[i] ) << " instead of "
+                    << ::testing::PrintToString( expected ) << " for " << ::testing::PrintToString( records[i] );
             else
             {
-                EXPECT_EQ( int( results[i] ), int( expected ) ) << i << " of " << count;
+                EXPECT_EQ( int( results[i] ), int( expected ) )
+                    << i << " of " << count << ": " << ::testing::PrintToString( records[i] );
                 if ( seen != nullptr )
                     ++( *seen )[expected % 4];
             }

@@ -7,6 +7,7 @@
 #include "random.h"
 #include "report.h"
 #include "scalars.h"
+#include "values.h"
 
 #include <algorithm>
 #include <array>

@@ -3,16 +3,57 @@
 
 #include <zq/primitives/geVector3.h>
 
+#include <gtest/gtest.h>
+
 #include <random>
 
 namespace ZqTest
 {
 
+/// The number of a run in a loop over random inputs. While it lives, every failure tells it, and the seed.
+class Run
+{
+public:
+    Run( unsigned seed, int number )
+        : _number( number ), _trace( __FILE__, __LINE__, ::testing::Message() << "seed " << seed << ", run " << number )
+    {
+    }
+    operator int() const { return _number; }
+
+private:
+    int _number;
+    ::testing::ScopedTrace _trace;
+};
+
+/// What `for ( const auto i : random.runs( count ) )` goes through.
+class Runs
+{
+public:
+    struct Iterator
+    {
+        Run operator*() const { return { seed, number }; }
+        void operator++() { ++number; }
+        bool operator!=( const Iterator& other ) const { return number != other.number; }
+        unsigned seed;
+        int number;
+    };
+    Runs( unsigned seed, int count ) : _seed( seed ), _count( count ) {}
+    Iterator begin() const { return { _seed, 0 }; }
+    Iterator end() const { return { _seed, _count }; }
+
+private:
+    unsigned _seed;
+    int _count;
+};
+
 /// Seeded inputs: the same sequence on every machine and standard library, so that a failure can be repeated.
 class Random
 {
 public:
-    explicit Random( unsigned seed ) : _engine( seed ) {}
+    explicit Random( unsigned seed ) : _seed( seed ), _engine( seed ) {}
+
+    /// The numbers from 0 to below count, each told by what fails meanwhile.
+    Runs runs( int count ) const { return { _seed, count }; }
 
     /// In [lower, upper). Made by hand, because the standard distributions differ between libraries.
     template <class T>
@@ -50,6 +91,7 @@ public:
     }
 
 private:
+    unsigned _seed;
     std::mt19937 _engine;
 };
 
