@@ -86,8 +86,10 @@ bool isBeyondPlane( float value )
 
 void GeShaft::initialize( const GeAlignedBox3<float>& box1, const GeAlignedBox3<float>& box2 )
 {
+    // both are read before either is written: they may be boxes of this shaft
+    const Box second = box2;
     _refBox1 = box1;
-    _refBox2 = box2;
+    _refBox2 = second;
     widen( _refBox1 );
     widen( _refBox2 );
 
