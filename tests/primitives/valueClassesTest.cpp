@@ -10,6 +10,8 @@
 #include <zq/primitives/geSphere3.h>
 #include <zq/primitives/geVector2.h>
 #include <zq/primitives/geXAxisRotation3.h>
+#include <zq/primitives/geYAxisRotation3.h>
+#include <zq/primitives/geZAxisRotation3.h>
 
 using ::testing::PrintToString; // by <<
 
@@ -69,6 +71,8 @@ ZQ_TWIN_TEST( ValueClasses, Text )
     EXPECT_EQ( PrintToString( GeAffineMatrix3<T>( rows, false ) ), upperRows + "| 0 0 0 1 |\n" );
     EXPECT_EQ( PrintToString( GeProjectiveMatrix3<T>( rows, false ) ), upperRows + "| 0 0 -1 0 |\n" );
     EXPECT_EQ( PrintToString( GeXAxisRotation3<T>( half, 2 ) ), "| 1 0 0 |\n| 0 0.5 -2 |\n| 0 2 0.5 |\n" );
+    EXPECT_EQ( PrintToString( GeYAxisRotation3<T>( half, 2 ) ), "| 0.5 0 2 |\n| 0 1 0 |\n| -2 0 0.5 |\n" );
+    EXPECT_EQ( PrintToString( GeZAxisRotation3<T>( half, 2 ) ), "| 0.5 -2 0 |\n| 2 0.5 0 |\n| 0 0 1 |\n" );
     EXPECT_EQ( PrintToString( GeScale3<T>( 2, 1, half ) ), "Scale3(2, 1, 0.5)" );
     EXPECT_EQ( PrintToString( GeTranslation3<T>( -1, 0, half ) ), "Translation3(-1, 0, 0.5)" );
     EXPECT_EQ( PrintToString( GeSphere3<T>( GePoint3<T>( 1, 2, 3 ), half ) ), "GeSphere {(1, 2, 3), 0.5} " );
