@@ -246,6 +246,7 @@ void GeShaft::overlapsExclude( const GeAlignedBox3<float>* boxes, std::size_t co
     Detail::getGeSingleKernels().overlapsExclude( *this, boxes, count, verdicts );
 }
 
+// Its twin over lanes: kernels/geShaftKernels.imp.
 template <bool isExclude>
 Interval<float>::Containment GeShaft::computeOverlap( const GeAlignedBox3<float>& box ) const
 {
