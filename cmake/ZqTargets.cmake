@@ -8,7 +8,7 @@ function( zq_link_headers )
 endfunction()
 
 # Floating point: each operation rounds once, in the order written. A multiplication and an addition are never
-# contracted, so that every compiler and instruction set gives the same bits.
+# contracted, so that compilers and instruction sets can give the same bits.
 add_library( zq_reproducible INTERFACE )
 add_library( Zq::reproducible ALIAS zq_reproducible )
 set_target_properties( zq_reproducible PROPERTIES EXPORT_NAME reproducible )

@@ -49,13 +49,14 @@ public:
     static CoHsvColorT<T> convertFromRgb( const CoRgbColorT<T>& rgb );
 
     /// The RGB form. A saturation of 0 or less gives the grey of the value, whatever the hue. Any finite hue is
-    /// brought into [0, 360) by whole turns, which is exact but for the last turn of a negative hue; beyond 2^24
-    /// (float) or 2^53 (double) neighbouring hues lie more than a degree apart. An infinite or NaN hue gives NaN in
-    /// all three components.
+    /// brought into [0, 360) by whole turns of 360, one after the other. They are exact up to 2^27 (float) or 2^56
+    /// (double), but for the last turn of a negative hue, and rounded above; a hue above 2^33 or 2^62, which 360 no longer
+    /// changes, is taken to its exact remainder. Beyond 2^24 or 2^53 neighbouring hues lie more than a degree apart. An
+    /// infinite or NaN hue gives NaN in all three components.
     CoRgbColorT<T> convertToRgb() const;
 
     /// The same for arrays, and much faster: results[i] is what the conversion of colors[i] alone gives. Any count, also
-    /// 0; no alignment is asked for. The results may take the place of the colours, but not overlap them otherwise.
+    /// 0; no alignment is asked for. The results must not overlap the colours.
     static void convertFromRgb( const CoRgbColorT<T>* colors, std::size_t count, CoHsvColorT<T>* results );
     static void convertToRgb( const CoHsvColorT<T>* colors, std::size_t count, CoRgbColorT<T>* results );
 

@@ -74,9 +74,9 @@ public:
     /// Linear block the inverse of L, translation -( inverse of L times t ); a zero sum is negated to -0.
     /// Reports "nonSingular" (src/base/matrix3x3Imp, line 126) when L is singular.
     GeAffineMatrix3<T> computeInverse() const;
-    /// Inverse and determinant from one decomposition; `inverse` may be this matrix. When L is singular there is no
+    /// Inverse and determinant from one decomposition; either may go into this matrix. When L is singular there is no
     /// report, and the determinant and the linear block of `inverse` stay as they were; yet its translation is written
-    /// in any case, as -( B t ) with B the linear block that `inverse` holds by then.
+    /// in any case, as -( B t ) with B the linear block that `inverse` holds by then and t as it was before the call.
     void computeInverseAndDeterminant( GeAffineMatrix3<T>& inverse, T& determinant ) const;
 
     /// Feeds the items of the text form to `out` with <<: characters, literals and numbers. See docs/textForms.md.

@@ -50,7 +50,8 @@ public:
     /// A zero component takes the lower bound here and in getNearCorner().
     GePoint3<T> getFarCorner( const GeVector3<T>& normal ) const;
     /// Passes the eight corners to the functor, in the Gray code order 0, 1, 3, 7, 5, 4, 6, 2, in which neighbours
-    /// differ in one coordinate. Stops when the functor answers false.
+    /// differ in one coordinate. Stops when the functor answers false. A functor may change the box; the corners are
+    /// those that it had before the first call.
     void enumerateCorners( UnaryFunctor<GePoint3<T>, bool>& functor ) const;
 
     /// Whether every interval has max < min.

@@ -24,21 +24,6 @@ GeVector3<float> chooseCoordinateAxis( const GeVector3<float>& direction )
 
 } // namespace
 
-float Detail::computeMaxDistance2(
-    const std::vector<GePoint3<float>>& points, std::size_t nbOutsidePoints, const GePoint3<float>& center )
-{
-    ZQ_ASSERT_TEXT(
-        GE_ANCHOREDCONEBUILDER_FILE, nbOutsidePoints <= points.size(), "nbOutsidePoints <= _points.size()" );
-    float maxDistance2 = 0.0F;
-    for ( std::size_t i = 0; i < nbOutsidePoints; ++i )
-    {
-        const float distance2 = ( points[i] - center ).lengthSquared();
-        if ( distance2 > maxDistance2 )
-            maxDistance2 = distance2;
-    }
-    return maxDistance2;
-}
-
 GeAnchoredConeBuilder::GeAnchoredConeBuilder( unsigned int capacity )
 {
     _points.reserve( capacity );
@@ -115,7 +100,14 @@ GeAnchoredCone GeAnchoredConeBuilder::createCone( const GeFloatingCone& cone )
 
     // the bottom disc is centred in the box of the excesses and reaches to the farthest of them
     const GePoint3<float> center = excesses.getCenter();
-    const float maxDistance2 = Detail::computeMaxDistance2( _points, nbOutsidePoints, center );
+    Detail::checkNbOutsidePoints( nbOutsidePoints, _points.size() );
+    float maxDistance2 = 0.0F;
+    for ( std::size_t i = 0; i < nbOutsidePoints; ++i )
+    {
+        const float distance2 = ( _points[i] - center ).lengthSquared();
+        if ( distance2 > maxDistance2 )
+            maxDistance2 = distance2;
+    }
     const GePoint3<float> bottomCenter = bottom + u * center.getX() + v * center.getY();
     return { cone, bottomCenter, FloatUtil::sqrt( maxDistance2 ), maxHeight };
 }

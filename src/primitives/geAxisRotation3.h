@@ -5,6 +5,7 @@
 #include "geScale3.h"
 #include "geTranslation3.h"
 
+#include <iosfwd>
 #include <type_traits>
 
 namespace Zq
@@ -21,7 +22,9 @@ namespace Zq
 /// It exists for cheap products: they leave out the known zeros and ones, copy what does not change bit by bit, and
 /// equal the full product otherwise. As with matrices, in R * M the operand acts first, and R.mulOnRight( M ) is M * R.
 ///
-/// GeXAxisRotation3, GeYAxisRotation3 and GeZAxisRotation3 add names and a text form.
+/// GeXAxisRotation3, GeYAxisRotation3 and GeZAxisRotation3, below, are the names of the three.
+///
+/// Text form: the three lines of the matrix.
 template <int axis, class T>
 class ZQ_PRIMITIVES_API GeAxisRotation3
 {
@@ -62,6 +65,12 @@ public:
     /// By the opposite angle.
     GeAxisRotation3<axis, T> computeInverse() const;
 
+    /// Feeds the items of the text form to `out` with <<: characters, literals and numbers. See docs/textForms.md.
+    template <class Out>
+    void writeText( Out& out ) const;
+    /// Writes the text form, three lines.
+    std::ostream& dump( std::ostream& os ) const;
+
 private:
     // The rotation turns coordinate `first` towards coordinate `second` and leaves coordinate `axis` alone.
     enum
@@ -79,6 +88,36 @@ private:
     T _sine;
 };
 
+template <int axis, class T>
+std::ostream& operator<<( std::ostream& os, const GeAxisRotation3<axis, T>& r );
+
+/// A rotation about the x axis.
+template <class T>
+class ZQ_PRIMITIVES_API GeXAxisRotation3 : public GeAxisRotation3<0, T>
+{
+public:
+    using GeAxisRotation3<0, T>::GeAxisRotation3;
+    explicit GeXAxisRotation3( const GeAxisRotation3<0, T>& rotation );
+};
+
+/// A rotation about the y axis.
+template <class T>
+class ZQ_PRIMITIVES_API GeYAxisRotation3 : public GeAxisRotation3<1, T>
+{
+public:
+    using GeAxisRotation3<1, T>::GeAxisRotation3;
+    explicit GeYAxisRotation3( const GeAxisRotation3<1, T>& rotation );
+};
+
+/// A rotation about the z axis.
+template <class T>
+class ZQ_PRIMITIVES_API GeZAxisRotation3 : public GeAxisRotation3<2, T>
+{
+public:
+    using GeAxisRotation3<2, T>::GeAxisRotation3;
+    explicit GeZAxisRotation3( const GeAxisRotation3<2, T>& rotation );
+};
+
 } // namespace Zq
 
 #include "geAxisRotation3.inline"
@@ -92,11 +131,17 @@ extern template class GeAxisRotation3<1, float>;
 extern template class GeAxisRotation3<1, double>;
 extern template class GeAxisRotation3<2, float>;
 extern template class GeAxisRotation3<2, double>;
+extern template class GeXAxisRotation3<float>;
+extern template class GeXAxisRotation3<double>;
+extern template class GeYAxisRotation3<float>;
+extern template class GeYAxisRotation3<double>;
+extern template class GeZAxisRotation3<float>;
+extern template class GeZAxisRotation3<double>;
 
-static_assert( sizeof( GeAxisRotation3<0, float> ) == 2 * sizeof( float ) &&
-    std::is_trivially_copyable_v<GeAxisRotation3<0, float>> );
-static_assert( sizeof( GeAxisRotation3<0, double> ) == 2 * sizeof( double ) &&
-    std::is_trivially_copyable_v<GeAxisRotation3<0, double>> );
+static_assert(
+    sizeof( GeXAxisRotation3<float> ) == 2 * sizeof( float ) && std::is_trivially_copyable_v<GeXAxisRotation3<float>> );
+static_assert( sizeof( GeXAxisRotation3<double> ) == 2 * sizeof( double ) &&
+    std::is_trivially_copyable_v<GeXAxisRotation3<double>> );
 
 } // namespace Zq
 

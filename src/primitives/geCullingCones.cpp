@@ -1,11 +1,7 @@
 #include "geCullingCones.h"
 
-<<<<<<< HEAD
-#include "kernels/geCullingConesKernels.h"
-=======
 #include "../base/text/textWriter.imp"
-#include "kernels/kernels.h"
->>>>>>> text
+#include "kernels/geCullingConesKernels.h"
 
 namespace Zq
 {

@@ -28,9 +28,11 @@ namespace Zq
 /// Each normal comes from the rows of the matrix, each offset from one of two corners of the cube projected back,
 /// (-1, -1, -1) for planes 0, 2, 4 and (1, 1, 1) for 1, 3, 5. The far corner is only as good as the inverse in T, which
 /// sets how deep a volume may be: in float, with far above about 1,000 times near, planes 1, 3 and 5 can be off by more
-/// than a pixel at the near plane; from about 5e6 times the far plane means nothing, and from 2^25 times the
-/// constructor reports an unrotated camera, though not every other. GeFrustum<double> is the cure. docs/culling.md has
-/// the figures.
+/// than a pixel at the near plane; from about 1e6 times (double: 7e14) a few cameras have the corner at w = 0, which
+/// leaves planes 1, 3 and 5 NaN, 5 sometimes infinite, without a report; from about 5e6 times the far plane means
+/// nothing; and from 2^25 times (double: 2^54) the constructor reports most cameras, not all. GeFrustum<double> is the
+/// cure for float.
+/// docs/culling.md has the figures.
 ///
 /// Source of the rows: G. Gribb and K. Hartmann, Fast Extraction of Viewing Frustum Planes, 2001.
 ///

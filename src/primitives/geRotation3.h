@@ -32,7 +32,8 @@ public:
     static GeRotation3<T> makeRotation( const GeVector3<T>& axis, T angle );
 
     /// The three builders below make a right-handed frame of three basis vectors. Axes are numbered 0, 1, 2 for x, y, z.
-    /// asRows true: basis vector i is row i, and the rotation carries the basis to the coordinate axes, as a view does.
+    /// asRows true: basis vector i is row i, and the rotation carries the basis to the coordinate axes, as a view does
+    /// whose z axis is the direction from its target back to the eye.
     /// asRows false: basis vector i is column i, and the rotation carries the coordinate axes to the basis, as the
     /// placing of an object does. The two are transposes of each other.
     ///

@@ -87,8 +87,10 @@ bool isBeyondPlane( float value )
 
 void GeShaft::initialize( const GeAlignedBox3<float>& box1, const GeAlignedBox3<float>& box2 )
 {
+    // both are read before either is written: they may be boxes of this shaft
+    const Box second = box2;
     _refBox1 = box1;
-    _refBox2 = box2;
+    _refBox2 = second;
     widen( _refBox1 );
     widen( _refBox2 );
 
@@ -245,6 +247,7 @@ void GeShaft::overlapsExclude( const GeAlignedBox3<float>* boxes, std::size_t co
     Detail::getKernels<Detail::GeShaftKernels>().overlapsExclude( *this, boxes, count, verdicts );
 }
 
+// Its twin over lanes: kernels/geShaftKernels.imp.
 template <bool isExclude>
 Interval<float>::Containment GeShaft::computeOverlap( const GeAlignedBox3<float>& box ) const
 {

@@ -42,12 +42,14 @@ public:
         NB_MAX_PLANES = 8
     };
 
-    /// Not initialised: the three boxes are empty, there are no planes, and everything is outside.
+    /// Not initialised: the three boxes are empty and there are no planes. No point is contained, and every box is
+    /// OUTSIDE but one that holds all numbers: overlaps() answers CONTAIN where each interval reaches from the lowest
+    /// finite number or below to the largest or above, overlapsExclude() where each goes beyond both.
     GeShaft();
     GeShaft( const GeAlignedBox3<float>& box1, const GeAlignedBox3<float>& box2 );
 
-    /// Builds the shaft between two boxes, whatever was there before. Reports "nbPlanes <= 8" if there were more
-    /// planes than can be.
+    /// Builds the shaft between two boxes, whatever was there before; they may be boxes of this shaft. Reports
+    /// "nbPlanes <= 8" if there were more planes than can be.
     void initialize( const GeAlignedBox3<float>& box1, const GeAlignedBox3<float>& box2 );
 
     /// The two boxes, widened.

@@ -25,8 +25,10 @@ ZQ_TWIN_TEST( ColorArrayForms, Conversions )
         T hue = random.index( 2 ) == 0 ? random.uniform( T( 0 ), T( 360 ) ) : T( 30 ) * T( random.index( 25 ) );
         if ( random.index( 6 ) == 0 )
             hue = std::nextafter( hue, T( 0 ) );
+        else if ( random.index( 9 ) == 0 ) // where turns are exact, rounded, and without an end
+            hue = std::ldexp( random.uniform( T( -1 ), T( 1 ) ), std::numeric_limits<T>::digits + random.index( 14 ) );
         if ( isInRange || random.index( 9 ) != 0 )
-            hsv.setHue( isInRange && hue >= T( 360 ) ? T( 90 ) : hue );
+            hsv.setHue( isInRange && !( hue >= 0 && hue < 360 ) ? T( 90 ) : hue );
         return hsv;
     };
     const auto makeAnyHsv = [&]( Random& random ) { return std::make_tuple( makeHsv( random, false ) ); };

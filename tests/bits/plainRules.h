@@ -242,6 +242,29 @@ Three<T> convertToHsv( const Three<T>& rgb )
     return { sixths * T( 60 ), delta / largest, largest };
 }
 
+/// Turn by turn where turns are rounded, but for twice, four times ... as many at once as long as each takes off the same.
+template <class T>
+T turnHue( T hue )
+{
+    if ( hue >= 0 && hue < 360 )
+        return hue;
+    T size = std::abs( hue );
+    while ( size >= std::ldexp( T( 1 ), std::numeric_limits<T>::digits + 3 ) && size - 360 != size )
+    {
+        size -= 360; // a tie between two places is gone after one turn
+        const T end = std::ldexp( T( 1 ), std::ilogb( size ) ) + 1024;
+        T way = size - ( size - 360 );
+        while ( size - 2 * way > end )
+            way *= 2;
+        if ( size - way > end )
+            size -= way;
+    }
+    T turned = std::fmod( hue < 0 ? -size : size, T( 360 ) );
+    if ( turned < 0 )
+        turned += 360;
+    return turned >= 360 ? turned - 360 : turned;
+}
+
 template <class T>
 Three<T> convertToRgb( const Three<T>& hsv )
 {
@@ -253,15 +276,7 @@ Three<T> convertToRgb( const Three<T>& hsv )
         constexpr T nan = std::numeric_limits<T>::quiet_NaN();
         return { nan, nan, nan };
     }
-    T turned = hue;
-    if ( hue < 0 || hue >= 360 )
-    {
-        turned = std::fmod( hue, T( 360 ) );
-        if ( turned < 0 )
-            turned += T( 360 );
-        if ( turned >= 360 )
-            turned -= T( 360 );
-    }
+    const T turned = turnHue( hue );
     const T sixths = static_cast<T>( static_cast<double>( turned ) * 0.016666666666666666 );
     const int sector = static_cast<int>( sixths );
     const T f = sixths - static_cast<T>( sector );

@@ -89,6 +89,44 @@ ZQ_TWIN_TEST( Color, HuesAreTurnedBitForBitAsInSingleSteps )
     }
 }
 
+// Between these two powers a single turn is rounded: below, 360 is a multiple of the hue's last place; beyond, the turns
+// never end. In between it must not matter whether a caller makes the first turn.
+ZQ_TWIN_TEST( Color, LargeHuesAreTurnedWithTheRoundingOfSingleSteps )
+{
+    constexpr int digits = std::numeric_limits<T>::digits;
+    const auto convert = []( T hue ) { return CoHsvColorT<T>( hue, T( 0.7 ), T( 0.9 ) ).convertToRgb(); };
+    const T last = std::ldexp( T( 1 ), digits + 9 ), first = std::ldexp( T( 1 ), digits + 3 );
+    Random random( 3 );
+    for ( T power = last; power >= first; power /= 2 )
+    {
+        std::vector<T> hues = { power };
+        for ( int i = 0; i < 20; ++i )
+            hues.push_back( std::nextafter( hues.back(), T( 0 ) ) );
+        for ( int i = 0; i < 300; ++i )
+            hues.push_back( power * random.uniform<T>( T( 0.5 ), 1 ) );
+        for ( const T hue : hues )
+        {
+            EXPECT_EQ( convert( hue ), convert( hue - 360 ) ) << hue;
+            EXPECT_EQ( convert( -hue ), convert( 360 - hue ) ) << hue;
+        }
+    }
+    const T beyond = std::nextafter( last, 2 * last );
+    EXPECT_EQ( beyond - 360, beyond );
+    EXPECT_EQ( convert( beyond ), convert( std::fmod( beyond, T( 360 ) ) ) );
+    EXPECT_EQ( convert( -beyond ), convert( 360 - std::fmod( beyond, T( 360 ) ) ) );
+    EXPECT_EQ( convert( -std::numeric_limits<T>::max() ),
+        convert( 360 - std::fmod( std::numeric_limits<T>::max(), T( 360 ) ) ) );
+}
+
+TEST( ColorTurns, TheLargestHueWithAnEndIsFollowedThere )
+{
+    float turned = 8589934592.0F;
+    while ( turned >= 360 ) // 23 million steps
+        turned -= 360;
+    EXPECT_EQ(
+        CoHsvColorT<float>( 8589934592.0F, 1, 1 ).convertToRgb(), CoHsvColorT<float>( turned, 1, 1 ).convertToRgb() );
+}
+
 ZQ_TWIN_TEST( Color, MeasuresClampAndGamma )
 {
     using Rgb = CoRgbColorT<T>;

@@ -87,6 +87,27 @@ ZQ_TWIN_TEST( AlignedBox, MeasuresAndCorners )
     }
 }
 
+ZQ_TWIN_TEST( AlignedBox, CornersAreThoseFromBeforeTheFirstCall )
+{
+    struct Doubler : UnaryFunctor<GePoint3<T>, bool>
+    {
+        bool operator()( const GePoint3<T>& point ) override
+        {
+            corners.push_back( point );
+            box.extend( GePoint3<T>() + GeVector3<T>( point ) * T( 2 ) );
+            return true;
+        }
+        GeAlignedBox3<T> box{ GePoint3<T>( -1, -2, -3 ), GePoint3<T>( 4, 5, 6 ) };
+        std::vector<GePoint3<T>> corners;
+    } doubler;
+    const GeAlignedBox3<T> before = doubler.box;
+    doubler.box.enumerateCorners( doubler );
+    const int order[] = { 0, 1, 3, 7, 5, 4, 6, 2 };
+    ASSERT_EQ( doubler.corners.size(), 8U );
+    for ( std::size_t i = 0; i < 8; ++i )
+        EXPECT_EQ( doubler.corners[i], before.getCorner( order[i] ) );
+}
+
 ZQ_TWIN_TEST( AlignedBox, NearAndFarCornersAreTheExtremesAlongANormal )
 {
     const GeAlignedBox3<T> box( GePoint3<T>( -1, 2, -3 ), GePoint3<T>( 4, 5, 6 ) );

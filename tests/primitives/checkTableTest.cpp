@@ -153,7 +153,7 @@ void addOtherChecks( Checks& add )
     // no points lead to these two: they guard the inner workings
     static const std::vector<GePoint3<float>> two( 2 );
     add( file, 0, "bottomIndex < _points.size()", [] { Detail::getBottomPoint( two, 2 ); } );
-    add( file, 0, "nbOutsidePoints <= _points.size()", [] { Detail::computeMaxDistance2( two, 3, two[0] ); } );
+    add( file, 0, "nbOutsidePoints <= _points.size()", [] { Detail::checkNbOutsidePoints( 3, 2 ); } );
 }
 
 Checks makeTable()

@@ -171,6 +171,20 @@ ZQ_TWIN_TEST( Matrix, SingularAffineStillWritesTheTranslation )
     EXPECT_TRUE( std::signbit( GeAffineMatrix3<T>().computeInverse()( 0, 3 ) ) );
 }
 
+// What the caller writes to may be an element of the matrix that is asked.
+ZQ_TWIN_TEST( Matrix, TheDeterminantMayGoIntoTheMatrix )
+{
+    const GeAffineMatrix3<T> m( GeLinearMatrix3<T>( 2, 0, 0, 0, 4, 0, 0, 0, 8 ), GeVector3<T>( 6, 12, 24 ) );
+    for ( int r = 0; r < 3; ++r )
+        for ( int c = 0; c < 4; ++c )
+        {
+            GeAffineMatrix3<T> written = m, inverse;
+            written.computeInverseAndDeterminant( inverse, written( r, c ) );
+            EXPECT_EQ( inverse, m.computeInverse() ) << r << c;
+            EXPECT_EQ( written( r, c ), T( 64 ) );
+        }
+}
+
 ZQ_TWIN_TEST( Matrix, IdentityAndZero )
 {
     const GeLinearMatrix3<T> identity, zero( 0, 0, 0, 0, 0, 0, 0, 0, 0 );

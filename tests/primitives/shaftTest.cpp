@@ -196,6 +196,41 @@ TEST( Shaft, UninitialisedIsEmptyAndInitialisingReplacesEverything )
     EXPECT_EQ( shaft, makeDiagonal() );
 }
 
+TEST( Shaft, UninitialisedIsContainedByTheBoxesOfAllNumbersAlone )
+{
+    const float largest = std::numeric_limits<float>::max(), infinity = std::numeric_limits<float>::infinity();
+    const I all( -largest, largest ), beyond( -infinity, infinity ),
+        almost( -largest, std::nextafter( largest, 0.0F ) );
+    const GeShaft shaft;
+    using Row = std::tuple<Box, I::Containment, I::Containment>;
+    for ( const auto& [box, closed, open] : {
+              Row{ { all, all, all }, I::CONTAIN, I::OUTSIDE },
+              Row{ { beyond, beyond, beyond }, I::CONTAIN, I::CONTAIN },
+              Row{ { all, beyond, almost }, I::OUTSIDE, I::OUTSIDE },
+              Row{ Box(), I::OUTSIDE, I::OUTSIDE },
+          } )
+    {
+        EXPECT_EQ( shaft.overlaps( box ), closed ) << box;
+        EXPECT_EQ( shaft.overlapsExclude( box ), open ) << box;
+    }
+}
+
+TEST( Shaft, IsBuiltFromItsOwnBoxesAsFromCopiesOfThem )
+{
+    const GeShaft before( Box( { 0, 1 }, { 0, 2 }, { 0, 3 } ), Box( { 5, 7 }, { 4, 5 }, { -3, -1 } ) );
+    const Box other( { 8, 9 }, { -3, -1 }, { 5, 6 } );
+    const auto boxesOf = [&]( const GeShaft& shaft ) {
+        return std::array<const Box*, 4>{ &shaft.getRefBox1(), &shaft.getRefBox2(), &shaft.getExtentBox(), &other };
+    };
+    for ( std::size_t first = 0; first < 4; ++first )
+        for ( std::size_t second = 0; second < 4; ++second )
+        {
+            GeShaft shaft = before;
+            shaft.initialize( *boxesOf( shaft )[first], *boxesOf( shaft )[second] );
+            EXPECT_EQ( shaft, GeShaft( *boxesOf( before )[first], *boxesOf( before )[second] ) ) << first << second;
+        }
+}
+
 TEST( Shaft, ComparisonLooksAtBoxesAndPlanes )
 {
     const GeShaft shaft = makeDiagonal();

@@ -10,6 +10,8 @@
 #include <zq/primitives/geSphere3.h>
 #include <zq/primitives/geVector2.h>
 #include <zq/primitives/geXAxisRotation3.h>
+#include <zq/primitives/geYAxisRotation3.h>
+#include <zq/primitives/geZAxisRotation3.h>
 
 namespace
 {
@@ -166,6 +168,8 @@ ZQ_TWIN_TEST( ValueClasses, Text )
     expectWritten( GeAffineMatrix3<T>( rows, false ), upperRows + "| 0 0 0 1 |\n" );
     expectWritten( GeProjectiveMatrix3<T>( rows, false ), upperRows + "| 0 0 -1 0 |\n" );
     expectWritten( GeXAxisRotation3<T>( half, 2 ), "| 1 0 0 |\n| 0 0.5 -2 |\n| 0 2 0.5 |\n" );
+    expectWritten( GeYAxisRotation3<T>( half, 2 ), "| 0.5 0 2 |\n| 0 1 0 |\n| -2 0 0.5 |\n" );
+    expectWritten( GeZAxisRotation3<T>( half, 2 ), "| 0.5 -2 0 |\n| 2 0.5 0 |\n| 0 0 1 |\n" );
     expectWritten( GeScale3<T>( 2, 1, half ), "Scale3(2, 1, 0.5)" );
     expectWritten( GeTranslation3<T>( -1, 0, half ), "Translation3(-1, 0, 0.5)" );
     expectWritten( GeSphere3<T>( GePoint3<T>( 1, 2, 3 ), half ), "GeSphere {(1, 2, 3), 0.5} " );
