@@ -2,7 +2,7 @@
 
     checkText.py SOURCE_DIR
 
-Loops in an .inline run over the components of a value: the bound is a constant. Reports quoted in a header are rows of
+Loops in an .inline run over the parts of a value: the bound is a constant, or the value's own count of them. Reports quoted in a header are rows of
 docs/checks.md. Expectations state one fact each. Loops over random inputs tell their run.
 """
 
@@ -21,15 +21,15 @@ def fail(file, text):
 
 def check_loops(file):
     text = re.sub("//.*", "", file.read_text())
-    constants = r"\d+|" + "|".join(re.findall(r"\bint (\w+)[,>]", text) + ["0"])  # of templates
+    bounds = "|".join([r"\d+", "[A-Z_]+", r"_nb\w+", *re.findall(r"\bint (\w+)[,>]", text)])  # these of templates
     header = file.with_suffix(".h")
     arrays = re.findall(r"\b(_\w+)\[", header.read_text()) if header.is_file() else []
     for head in re.findall(r"\b(?:for \(.*|while \(.*|do$)", text, re.M):
         counts["loops"] += 1
         over_array = re.fullmatch(r"for \( .* : (\w+) \)", head)
-        if not re.fullmatch(rf"for \( int (\w+) = 0; \1 < (?:{constants}); .* \)", head) and not (
+        if not re.fullmatch(rf"for \( int (\w+) = 0; \1 < (?:{bounds}); .* \)", head) and not (
                 over_array and over_array[1] in arrays):
-            fail(file, f"an .inline has no loop but over the components of a value: {head}")
+            fail(file, f"an .inline has no loop but over the parts of a value: {head}")
 
 
 def read_table():
@@ -77,7 +77,7 @@ def check_expectations(file):
         if joined in marks and len(set(marks)) == 1:
             line = text[:found.start()].count("\n") + 1
             fail(file, f"line {line} joins facts by {joined}: one fact, one expectation")
-    for loop in re.findall(r"for \( int \w+ = 0; \w+ < \d{3,};.*", text) if "Random random" in text else []:
+    for loop in re.findall(r"for \( int \w+ = 0; \w+ < \d{3,};.*(?=\n *\{\n(?:.+\n)*?.*\brandom\b)", text):
         fail(file, f"a loop over random inputs goes through random.runs(), which tells the run: {loop}")
 
 
