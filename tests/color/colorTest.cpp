@@ -95,20 +95,20 @@ ZQ_TWIN_TEST( Color, LargeHuesAreTurnedWithTheRoundingOfSingleSteps )
 {
     constexpr int digits = std::numeric_limits<T>::digits;
     const auto convert = []( T hue ) { return CoHsvColorT<T>( hue, T( 0.7 ), T( 0.9 ) ).convertToRgb(); };
+    const auto expectOneTurnToBeFree = [&]( T hue )
+    {
+        EXPECT_EQ( convert( hue ), convert( hue - 360 ) ) << hue;
+        EXPECT_EQ( convert( -hue ), convert( 360 - hue ) ) << hue;
+    };
     const T last = std::ldexp( T( 1 ), digits + 9 ), first = std::ldexp( T( 1 ), digits + 3 );
     Random random( 3 );
     for ( T power = last; power >= first; power /= 2 )
     {
-        std::vector<T> hues = { power };
-        for ( int i = 0; i < 20; ++i )
-            hues.push_back( std::nextafter( hues.back(), T( 0 ) ) );
-        for ( int i = 0; i < 300; ++i )
-            hues.push_back( power * random.uniform<T>( T( 0.5 ), 1 ) );
-        for ( const T hue : hues )
-        {
-            EXPECT_EQ( convert( hue ), convert( hue - 360 ) ) << hue;
-            EXPECT_EQ( convert( -hue ), convert( 360 - hue ) ) << hue;
-        }
+        T hue = power;
+        for ( int i = 0; i < 20; ++i, hue = std::nextafter( hue, T( 0 ) ) )
+            expectOneTurnToBeFree( hue );
+        for ( const auto run : random.runs( 300 ) )
+            expectOneTurnToBeFree( power * random.uniform<T>( T( 0.5 ), 1 ) );
     }
     const T beyond = std::nextafter( last, 2 * last );
     EXPECT_EQ( beyond - 360, beyond );

@@ -29,8 +29,11 @@ T anyNumber( Random& random, int rarity = 32 )
         return odd[random.index( std::size( odd ) )];
     const int kind = random.index( 32 );
     if ( kind < 4 )
-        return std::ldexp(
-            random.uniform<T>( T( -1 ), T( 1 ) ), random.index( 2 * Limits::max_exponent ) - Limits::max_exponent );
+    {
+        // one after the other: compilers evaluate arguments in different orders
+        const int exponent = random.index( 2 * Limits::max_exponent ) - Limits::max_exponent;
+        return std::ldexp( random.uniform<T>( T( -1 ), T( 1 ) ), exponent );
+    }
     return kind < 12 ? T( random.index( 7 ) - 3 ) : random.uniform<T>( T( -100 ), T( 100 ) );
 }
 
