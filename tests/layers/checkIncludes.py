@@ -82,7 +82,7 @@ def check_client(file, given):
 owner, reachable = read_groups()
 for file, given in read_includes("src"):
     check_library(file, given)
-for folder in ("tests", "examples", "figures", "benchmarks"):
+for folder in ("tests", "tools", "examples", "figures", "benchmarks"):
     for file, given in read_includes(folder):
         check_client(file, given)
 print("\n".join(failures))
