@@ -3,7 +3,20 @@
 
 #include "forward.h"
 
-#include <functional>
+#include <cstddef>
+
+// std::unary_function left the standard with C++17, but not every standard library. <functional> is its home and costs a
+// client 14,000 lines; GNU's library has it beside std::less, which <set> needs as a default.
+#if defined( __GLIBCXX__ )
+#    include <set>
+#    define ZQ_HAS_UNARY_FUNCTION 1
+#elif ( defined( _HAS_AUTO_PTR_ETC ) && _HAS_AUTO_PTR_ETC ) ||                                                         \
+    ( defined( _LIBCPP_VERSION ) && defined( _LIBCPP_ENABLE_CXX17_REMOVED_UNARY_BINARY_FUNCTION ) )
+#    include <functional>
+#    define ZQ_HAS_UNARY_FUNCTION 1
+#else
+#    define ZQ_HAS_UNARY_FUNCTION 0
+#endif
 
 namespace Zq
 {
@@ -11,10 +24,9 @@ namespace Zq
 namespace Detail
 {
 
-// std::unary_function left the standard with C++17, but not every standard library; where it is gone, an equivalent
-// empty base with the same two member types takes its place. The deprecation is silenced here and nowhere else.
-#if defined( __GLIBCXX__ ) || ( defined( _HAS_AUTO_PTR_ETC ) && _HAS_AUTO_PTR_ETC ) ||                                 \
-    ( defined( _LIBCPP_VERSION ) && defined( _LIBCPP_ENABLE_CXX17_REMOVED_UNARY_BINARY_FUNCTION ) )
+// Where the standard library has no std::unary_function, an equivalent empty base with the same two member types takes its
+// place. The deprecation is silenced here and nowhere else.
+#if ZQ_HAS_UNARY_FUNCTION
 
 #    if defined( __GNUC__ )
 #        pragma GCC diagnostic push
@@ -38,6 +50,7 @@ struct ZQ_TEMPLATE_API UnaryFunctorBase
 };
 
 #endif
+#undef ZQ_HAS_UNARY_FUNCTION
 
 } // namespace Detail
 
