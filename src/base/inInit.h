@@ -18,7 +18,6 @@ class ZQ_TEMPLATE_API base
 
 /// The package of a tag. It has no data of its own; what a package does in its constructor, initialize(), shutdown()
 /// and setInitialized() is given by specialising these for the tag, in the one unit that holds the package object.
-/// The address that getType() returns is the package's identity, the same in every library and in every client.
 template <class Tag>
 class ZQ_TEMPLATE_API InInit : public InPackageInit
 {
@@ -32,7 +31,14 @@ public:
     InInit( const InInit& ) = delete;
     InInit& operator=( const InInit& ) = delete;
 
+    /// @name Identity
+    /// @{
+
+    /// The package's identity: the address is the same in every library and in every client. A unit that is compiled
+    /// without run-time type information has the packages of the libraries, but can instantiate none for a tag of its own.
     static const std::type_info* getType();
+
+    /// @}
 };
 
 template <class Tag>
@@ -48,11 +54,14 @@ void InInit<Tag>::shutdown()
 {
 }
 
+// A unit without run-time type information asks the libraries for the identities of their packages.
+#if defined( __cpp_rtti ) || defined( _CPPRTTI )
 template <class Tag>
 const std::type_info* InInit<Tag>::getType()
 {
     return &typeid( InInit );
 }
+#endif
 
 template <>
 ZQ_BASE_API bool InInit<ZqInit::base>::setInitialized( bool value );
