@@ -10,6 +10,7 @@ namespace Zq
 namespace ZqInit
 {
 
+/// The package of libZQbase, which needs nothing.
 class ZQ_TEMPLATE_API base
 {
 };
@@ -22,14 +23,23 @@ template <class Tag>
 class ZQ_TEMPLATE_API InInit : public InPackageInit
 {
 public:
+    /// @name Construction
+    /// The constructor announces the package and names what it needs; the destructor takes it back. There is one object
+    /// per package.
+    /// @{
     InInit();
     ~InInit() override;
+    InInit( const InInit& ) = delete;
+    InInit& operator=( const InInit& ) = delete;
+    /// @}
+
+    /// @name Slots
+    /// What InPackageInit says; without a specialisation the first two do nothing.
+    /// @{
     void initialize() override;
     void shutdown() override;
     bool setInitialized( bool value ) override;
-
-    InInit( const InInit& ) = delete;
-    InInit& operator=( const InInit& ) = delete;
+    /// @}
 
     /// @name Identity
     /// @{
@@ -37,7 +47,6 @@ public:
     /// The package's identity: the address is the same in every library and in every client. A unit that is compiled
     /// without run-time type information has the packages of the libraries, but can instantiate none for a tag of its own.
     static const std::type_info* getType();
-
     /// @}
 };
 

@@ -31,23 +31,40 @@ class ZQ_PRIMITIVES_API GeAxisRotation3
     static_assert( axis >= 0 && axis <= 2, "axes are numbered 0, 1, 2 for x, y, z" );
 
 public:
+    /// @name Construction
+    /// @{
+
     /// By an angle in radians.
     explicit GeAxisRotation3( T angle );
     /// Trusts that the two belong to one angle; nothing is checked.
     GeAxisRotation3( T cosine, T sine );
+    /// @}
 
+    /// @name Access
+    /// @{
+
+    /// The cosine of the angle.
     T getCosine() const;
+    /// The sine of the angle.
     T getSine() const;
+    /// The matrix, as it stands above.
     GeLinearMatrix3<T> getMatrix() const;
+    /// @}
 
-    /// Cosine, then sine; -0 equals 0, NaN equals nothing. The same as isEqualExact().
+    /// @name Comparison
+    /// == and isEqualExact() are the same: cosine, then sine; -0 equals 0, NaN equals nothing. != is the exact negation
+    /// of ==.
+    /// @{
     bool operator==( const GeAxisRotation3<axis, T>& other ) const;
     bool operator!=( const GeAxisRotation3<axis, T>& other ) const;
     bool isEqualExact( const GeAxisRotation3<axis, T>& other ) const;
     /// Cosine and sine each within the tolerance, strictly. See FloatUtil::isEqual.
     bool isEqual( const GeAxisRotation3<axis, T>& other, T tolerance ) const;
+    /// @}
 
-    /// This times the operand.
+    /// @name Arithmetic
+    /// operator* is this times the operand, mulOnRight() the operand times this.
+    /// @{
     GeLinearMatrix3<T> operator*( const GeScale3<T>& s ) const;
     GeAffineMatrix3<T> operator*( const GeTranslation3<T>& t ) const;
     GeLinearMatrix3<T> operator*( const GeLinearMatrix3<T>& m ) const;
@@ -55,15 +72,19 @@ public:
     GeAffineMatrix3<T> operator*( const GeAffineMatrix3<T>& m ) const;
     GeVector3<T> operator*( const GeVector3<T>& v ) const;
     GePoint3<T> operator*( const GePoint3<T>& p ) const;
-    /// The operand times this.
     GeLinearMatrix3<T> mulOnRight( const GeScale3<T>& s ) const;
     GeAffineMatrix3<T> mulOnRight( const GeTranslation3<T>& t ) const;
     GeLinearMatrix3<T> mulOnRight( const GeLinearMatrix3<T>& m ) const;
     GeRotation3<T> mulOnRight( const GeRotation3<T>& r ) const;
     GeAffineMatrix3<T> mulOnRight( const GeAffineMatrix3<T>& m ) const;
+    /// @}
+
+    /// @name Queries
+    /// @{
 
     /// By the opposite angle.
     GeAxisRotation3<axis, T> computeInverse() const;
+    /// @}
 
     /// Feeds the items of the text form to `out` with <<: characters, literals and numbers. See docs/textForms.md.
     template <class Out>

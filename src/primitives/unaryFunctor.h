@@ -67,13 +67,23 @@ template <class Arg, class Result>
 class ZQ_TEMPLATE_API UnaryFunctor : public Detail::UnaryFunctorBase<Arg, Result>
 {
 public:
-    // The order of these two is part of the binary interface.
-    virtual ~UnaryFunctor();
-    virtual Result operator()( const Arg& argument ) = 0;
+    /// @name Slots
+    /// The order of these two is part of the binary interface.
+    /// @{
 
+    /// Functors are deleted through this class, too.
+    virtual ~UnaryFunctor();
+    /// Takes one value; what the result means is up to the caller, but for bool: false says stop.
+    virtual Result operator()( const Arg& argument ) = 0;
+    /// @}
+
+    /// @name Construction
+    /// There is nothing to set up or to copy here.
+    /// @{
     UnaryFunctor() = default;
     UnaryFunctor( const UnaryFunctor& ) = default;
     UnaryFunctor& operator=( const UnaryFunctor& ) = default;
+    /// @}
 };
 
 template <class Arg, class Result>
