@@ -86,19 +86,20 @@ public:
     GeAxisRotation3<axis, T> computeInverse() const;
     /// @}
 
+    /// @name Text
+    /// @{
+
     /// Feeds the items of the text form to `out` with <<: characters, literals and numbers. See docs/textForms.md.
     template <class Out>
     void writeText( Out& out ) const;
     /// Writes the text form, three lines.
     std::ostream& dump( std::ostream& os ) const;
+    /// @}
 
 private:
     // The rotation turns coordinate `first` towards coordinate `second` and leaves coordinate `axis` alone.
-    enum
-    {
-        first = ( axis + 1 ) % 3,
-        second = ( axis + 2 ) % 3
-    };
+    static constexpr int first = ( axis + 1 ) % 3;
+    static constexpr int second = ( axis + 2 ) % 3;
 
     template <int columns, class Matrix>
     Matrix turnRows( const Matrix& m ) const;
@@ -109,6 +110,7 @@ private:
     T _sine;
 };
 
+/// Writes the text form, as dump() does.
 template <int axis, class T>
 std::ostream& operator<<( std::ostream& os, const GeAxisRotation3<axis, T>& r );
 
@@ -118,7 +120,12 @@ class ZQ_PRIMITIVES_API GeXAxisRotation3 : public GeAxisRotation3<0, T>
 {
 public:
     using GeAxisRotation3<0, T>::GeAxisRotation3;
+    /// @name Construction
+    /// @{
+
+    /// Gives a name to the result of a product or an inversion.
     explicit GeXAxisRotation3( const GeAxisRotation3<0, T>& rotation );
+    /// @}
 };
 
 /// A rotation about the y axis.
@@ -127,7 +134,12 @@ class ZQ_PRIMITIVES_API GeYAxisRotation3 : public GeAxisRotation3<1, T>
 {
 public:
     using GeAxisRotation3<1, T>::GeAxisRotation3;
+    /// @name Construction
+    /// @{
+
+    /// Gives a name to the result of a product or an inversion.
     explicit GeYAxisRotation3( const GeAxisRotation3<1, T>& rotation );
+    /// @}
 };
 
 /// A rotation about the z axis.
@@ -136,7 +148,12 @@ class ZQ_PRIMITIVES_API GeZAxisRotation3 : public GeAxisRotation3<2, T>
 {
 public:
     using GeAxisRotation3<2, T>::GeAxisRotation3;
+    /// @name Construction
+    /// @{
+
+    /// Gives a name to the result of a product or an inversion.
     explicit GeZAxisRotation3( const GeAxisRotation3<2, T>& rotation );
+    /// @}
 };
 
 } // namespace Zq
