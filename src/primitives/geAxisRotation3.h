@@ -119,10 +119,10 @@ template <class T>
 class ZQ_PRIMITIVES_API GeXAxisRotation3 : public GeAxisRotation3<0, T>
 {
 public:
-    using GeAxisRotation3<0, T>::GeAxisRotation3;
     /// @name Construction
+    /// From an angle, or from a cosine and a sine, as GeAxisRotation3.
     /// @{
-
+    using GeAxisRotation3<0, T>::GeAxisRotation3;
     /// Gives a name to the result of a product or an inversion.
     explicit GeXAxisRotation3( const GeAxisRotation3<0, T>& rotation );
     /// @}
@@ -133,10 +133,10 @@ template <class T>
 class ZQ_PRIMITIVES_API GeYAxisRotation3 : public GeAxisRotation3<1, T>
 {
 public:
-    using GeAxisRotation3<1, T>::GeAxisRotation3;
     /// @name Construction
+    /// From an angle, or from a cosine and a sine, as GeAxisRotation3.
     /// @{
-
+    using GeAxisRotation3<1, T>::GeAxisRotation3;
     /// Gives a name to the result of a product or an inversion.
     explicit GeYAxisRotation3( const GeAxisRotation3<1, T>& rotation );
     /// @}
@@ -147,10 +147,10 @@ template <class T>
 class ZQ_PRIMITIVES_API GeZAxisRotation3 : public GeAxisRotation3<2, T>
 {
 public:
-    using GeAxisRotation3<2, T>::GeAxisRotation3;
     /// @name Construction
+    /// From an angle, or from a cosine and a sine, as GeAxisRotation3.
     /// @{
-
+    using GeAxisRotation3<2, T>::GeAxisRotation3;
     /// Gives a name to the result of a product or an inversion.
     explicit GeZAxisRotation3( const GeAxisRotation3<2, T>& rotation );
     /// @}
