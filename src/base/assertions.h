@@ -14,16 +14,25 @@ namespace Zq
 class ZQ_BASE_API AssertionException : public std::logic_error
 {
 public:
+    /// @name Construction
+    /// The texts are copied: they may lie in a library that is unloaded while the report is on its way.
+    /// @{
     AssertionException( const char* file, int line, const char* expression );
     AssertionException( const AssertionException& ) = default;
     AssertionException& operator=( const AssertionException& ) = default;
     ~AssertionException() override;
+    /// @}
+
+    /// @name Access
+    /// @{
 
     /// Source path of the check, as it is known to the library; some paths carry no extension.
     const std::string& getFile() const { return _file; }
+    /// The line of the check; some are fixed and do not follow the source.
     int getLine() const { return _line; }
     /// The text of the condition that did not hold.
     const std::string& getExpression() const { return _expression; }
+    /// @}
 
 private:
     std::string _file;
@@ -36,13 +45,23 @@ private:
 class ZQ_BASE_API ProgramAbortedException : public std::logic_error
 {
 public:
+    /// @name Construction
+    /// The text is copied, as that of AssertionException is.
+    /// @{
     ProgramAbortedException( const char* file, int line );
     ProgramAbortedException( const ProgramAbortedException& ) = default;
     ProgramAbortedException& operator=( const ProgramAbortedException& ) = default;
     ~ProgramAbortedException() override;
+    /// @}
 
+    /// @name Access
+    /// @{
+
+    /// Source path of the branch, as it is known to the library.
     const std::string& getFile() const { return _file; }
+    /// The line of the branch.
     int getLine() const { return _line; }
+    /// @}
 
 private:
     std::string _file;
@@ -56,11 +75,15 @@ class ZQ_BASE_API Assertions
 public:
     Assertions() = delete;
 
+    /// @name Reports
+    /// @{
+
     /// Reports a violated condition; throws AssertionException.
     [[noreturn]] static void throwAssertionFailed( const char* file, int line, const char* expression );
 
     /// Reports a branch that must not be reached; throws ProgramAbortedException.
     [[noreturn]] static void throwProgramAborted( const char* file, int line );
+    /// @}
 };
 
 } // namespace Zq

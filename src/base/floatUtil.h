@@ -18,8 +18,15 @@ class FloatUtil
 public:
     FloatUtil() = delete;
 
+    /// @name Tolerances
+    /// What counts as the same wherever a caller names no tolerance.
+    /// @{
     static constexpr float defaultFloatTolerance = 1e-6F;
     static constexpr double defaultDoubleTolerance = 1e-7;
+    /// @}
+
+    /// @name Comparison
+    /// @{
 
     /// The same within the default tolerance: a == b, or |a - b| < 1e-6. False when either is NaN.
     static bool isEqual( float a, float b );
@@ -29,8 +36,13 @@ public:
     /// |a - b| < tolerance, strictly: isEqual( x, x, 0 ) is false, and so is every comparison with a NaN and of two
     /// infinities.
     static bool isEqual( float a, float b, float tolerance );
+    /// The same in double: |a - b| < tolerance, strictly.
     static bool isEqual( double a, double b, double tolerance );
+    /// @}
 
+    /// @name Functions
+    /// Those of the C library, with its errors, infinities and NaN; nothing is checked. Angles are radians.
+    /// @{
     static float sqrt( float x );
     static double sqrt( double x );
     static float sin( float angle );
@@ -49,6 +61,7 @@ public:
     static double floor( double x );
     static float pow( float base, float exponent );
     static double pow( double base, double exponent );
+    /// @}
 };
 
 } // namespace Zq

@@ -29,12 +29,20 @@ public:
         CONTAIN = 3  ///< this one contains the other
     };
 
+    /// @name Construction
+    /// @{
+
     /// Leaves both bounds uninitialised; see makeEmpty().
     Interval() = default;
+    /// From bounds, stored as they are.
     Interval( T lower, T upper );
 
     /// The canonical empty interval: from the largest finite value down to its negative. extend() of it by x is [x, x].
     static Interval<T> makeEmpty();
+    /// @}
+
+    /// @name Measures
+    /// @{
 
     /// max - min; negative for an empty interval.
     T getLength() const;
@@ -44,14 +52,23 @@ public:
     bool isNotEmpty() const;
     /// max > min.
     bool hasVolume() const;
+    /// @}
 
-    /// Grows to hold x, or the other interval (bound by bound: the canonical empty interval changes nothing).
+    /// @name Growth
+    /// @{
+
+    /// Grows to hold x; returns this interval.
     Interval<T>& extend( T x );
+    /// Grows bound by bound to hold the other; the canonical empty interval changes nothing. Returns this interval.
     Interval<T>& extend( const Interval<T>& other );
     /// A copy, grown to hold x.
     Interval<T> extended( T x ) const;
-    /// Shrinks to what both hold; empty when they are apart.
+    /// Shrinks to what both hold; empty when they are apart. Returns this interval.
     Interval<T>& intersect( const Interval<T>& other );
+    /// @}
+
+    /// @name Queries
+    /// @{
 
     /// min <= x <= max.
     bool contains( T x ) const;
@@ -66,29 +83,50 @@ public:
     Containment classify( const Interval<T>& other ) const;
     /// The same as open ranges: touching is OUTSIDE. Equal intervals are INSIDE here too.
     Containment classifyExclude( const Interval<T>& other ) const;
+    /// @}
 
+    /// @name Comparison
+    /// @{
+
+    /// Both bounds equal; -0 equals 0, NaN equals nothing.
     bool isEqualExact( const Interval<T>& other ) const;
     /// Both bounds within the tolerance, strictly; see FloatUtil::isEqual.
     bool isEqual( const Interval<T>& other, T tolerance ) const;
+    /// @}
+
+    /// @name Text
+    /// @{
 
     /// Feeds the items of the text form to `out` with <<: characters, literals and numbers. See docs/textForms.md.
     template <class Out>
     void writeText( Out& out ) const;
     /// Writes the text form; no line end.
     std::ostream& dump( std::ostream& os ) const;
+    /// @}
 
-    T min;
-    T max;
+    /// @name Bounds
+    /// @{
+    T min; ///< the lower bound
+    T max; ///< the upper bound
+    /// @}
 
-    /// What classify() and classifyExclude() answer, indexed by the three-bit code of their comparisons.
+    /// @name Tables
+    /// @{
+
+    /// What classify() answers, indexed by the three-bit code of its comparisons.
     static const Containment _inclContMap[8];
+    /// The same of classifyExclude().
     static const Containment _exclContMap[8];
+    /// @}
 };
 
+/// The same as isEqualExact().
 template <class T>
 bool operator==( const Interval<T>& a, const Interval<T>& b );
+/// The exact negation of ==.
 template <class T>
 bool operator!=( const Interval<T>& a, const Interval<T>& b );
+/// Writes the text form, as dump() does.
 template <class T>
 std::ostream& operator<<( std::ostream& os, const Interval<T>& interval );
 

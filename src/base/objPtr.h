@@ -12,15 +12,29 @@ template <class T>
 class ObjPtr
 {
 public:
+    /// @name Construction
+    /// @{
+
+    /// Owns nothing.
     ObjPtr() = default;
     /// Takes ownership of `object`, which may be null.
     explicit ObjPtr( T* object ) : _object( object ) {}
+    /// @}
 
+    /// @name Access
+    /// @{
+
+    /// The object, or null.
     T* get() const { return _object.get(); }
+    /// The object; undefined when empty.
     T& operator*() const { return *_object; }
+    /// A member of the object; undefined when empty.
     T* operator->() const { return _object.get(); }
+    /// Whether there is an object.
     explicit operator bool() const { return static_cast<bool>( _object ); }
+    /// Gives up this share and owns nothing.
     void reset() { _object.reset(); }
+    /// @}
 
 private:
     std::shared_ptr<T> _object;

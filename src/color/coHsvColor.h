@@ -26,22 +26,39 @@ template <class T>
 class ZQ_COLOR_API CoHsvColorT
 {
 public:
+    /// @name Construction
+    /// @{
+
     /// Black.
     CoHsvColorT();
+    /// From components, stored as they are.
     CoHsvColorT( T hue, T saturation, T value );
+    /// @}
 
+    /// @name Access
+    /// One component; any value is allowed, and hues are not brought into one turn.
+    /// @{
     T getHue() const;
     T getSaturation() const;
     T getValue() const;
     void setHue( T hue );
     void setSaturation( T saturation );
     void setValue( T value );
+    /// @}
+
+    /// @name Comparison
+    /// @{
 
     /// -0 equals 0, NaN equals nothing. Hues are compared as numbers: 0 and 360 differ.
     bool operator==( const CoHsvColorT<T>& other ) const;
+    /// The exact negation of ==.
     bool operator!=( const CoHsvColorT<T>& other ) const;
     /// Each component within the tolerance, strictly: |a - b| < tolerance. See FloatUtil::isEqual.
     bool isEqual( const CoHsvColorT<T>& other, T tolerance ) const;
+    /// @}
+
+    /// @name Conversion
+    /// @{
 
     /// The HSV form of a colour. A grey has hue 0 and saturation 0. The hue is from 0 up to but excluding 360, save
     /// that a red with the least trace of blue over green rounds to exactly 360; convertToRgb() takes that for 0.
@@ -54,11 +71,20 @@ public:
     /// changes, is taken to its exact remainder. Beyond 2^24 or 2^53 neighbouring hues lie more than a degree apart. An
     /// infinite or NaN hue gives NaN in all three components.
     CoRgbColorT<T> convertToRgb() const;
+    /// @}
 
-    /// The same for arrays, and much faster: results[i] is what the conversion of colors[i] alone gives. Any count, also
-    /// 0; no alignment is asked for. The results must not overlap the colours.
+    /// @name Array forms
+    /// @{
+
+    /// convertFromRgb() for arrays, and much faster: results[i] is what the conversion of colors[i] alone gives. Any
+    /// count, also 0; no alignment is asked for. The results must not overlap the colours.
     static void convertFromRgb( const CoRgbColorT<T>* colors, std::size_t count, CoHsvColorT<T>* results );
+    /// convertToRgb() for arrays, in the same way.
     static void convertToRgb( const CoHsvColorT<T>* colors, std::size_t count, CoRgbColorT<T>* results );
+    /// @}
+
+    /// @name Text
+    /// @{
 
     /// Feeds the items of the text form to `out` with <<: characters, literals and numbers. See docs/textForms.md.
     template <class Out>
@@ -68,6 +94,7 @@ public:
     /// Reads three numbers, white space before each is skipped. On failure the colour is unchanged and the stream has
     /// failbit set.
     std::istream& read( std::istream& is );
+    /// @}
 
 private:
     T _hue;
@@ -75,8 +102,10 @@ private:
     T _value;
 };
 
+/// Writes the text form, as dump() does.
 template <class T>
 std::ostream& operator<<( std::ostream& os, const CoHsvColorT<T>& color );
+/// Reads the text form, as read() does.
 template <class T>
 std::istream& operator>>( std::istream& is, CoHsvColorT<T>& color );
 

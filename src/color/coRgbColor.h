@@ -20,27 +20,50 @@ template <class T>
 class ZQ_COLOR_API CoRgbColorT
 {
 public:
+    /// @name Construction
+    /// @{
+
     /// Black.
     CoRgbColorT();
     /// A grey: all three components are the same.
     explicit CoRgbColorT( T grey );
+    /// From components, stored as they are.
     CoRgbColorT( T red, T green, T blue );
+    /// @}
 
+    /// @name Access
+    /// One component; any value is allowed.
+    /// @{
     T getRed() const;
     T getGreen() const;
     T getBlue() const;
     void setRed( T red );
     void setGreen( T green );
     void setBlue( T blue );
+    /// @}
 
+    /// @name Extremes
+    /// @{
+
+    /// The largest component, green and blue compared with < against what is largest so far.
     T getLargestComponent() const;
+    /// The smallest component, in the same way.
     T getSmallestComponent() const;
+    /// @}
+
+    /// @name Comparison
+    /// @{
 
     /// -0 equals 0, NaN equals nothing.
     bool operator==( const CoRgbColorT<T>& other ) const;
+    /// The exact negation of ==.
     bool operator!=( const CoRgbColorT<T>& other ) const;
     /// Each component within the tolerance, strictly: |a - b| < tolerance. See FloatUtil::isEqual.
     bool isEqual( const CoRgbColorT<T>& other, T tolerance ) const;
+    /// @}
+
+    /// @name Queries
+    /// @{
 
     /// Each component limited to a maximum; there is no lower limit.
     CoRgbColorT<T> computeClamped( T maximum ) const;
@@ -51,6 +74,10 @@ public:
     /// Every component to the power of gamma; gamma itself is the exponent, not its reciprocal. A negative component
     /// gives NaN unless gamma is an integer.
     CoRgbColorT<T> gammaCorrect( T gamma ) const;
+    /// @}
+
+    /// @name Text
+    /// @{
 
     /// Feeds the items of the text form to `out` with <<: characters, literals and numbers. See docs/textForms.md.
     template <class Out>
@@ -60,6 +87,7 @@ public:
     /// Reads three numbers, white space before each is skipped. On failure the colour is unchanged and the stream has
     /// failbit set.
     std::istream& read( std::istream& is );
+    /// @}
 
 private:
     T _red;
@@ -67,8 +95,10 @@ private:
     T _blue;
 };
 
+/// Writes the text form, as dump() does.
 template <class T>
 std::ostream& operator<<( std::ostream& os, const CoRgbColorT<T>& color );
+/// Reads the text form, as read() does.
 template <class T>
 std::istream& operator>>( std::istream& is, CoRgbColorT<T>& color );
 

@@ -20,54 +20,87 @@ template <class T>
 class ZQ_PRIMITIVES_API GeAffineMatrix3
 {
 public:
+    /// @name Construction
+    /// @{
+
     /// The identity.
     GeAffineMatrix3();
     /// From a 4x4 array, each element converted to T. byColumns false: elements[r][c] becomes element (r, c), and the
     /// array's fourth row is not read. byColumns true: elements[c][r] becomes element (r, c), so elements[3] begins with
     /// the translation, and the array's fourth column is not read. The bottom row is (0, 0, 0, 1) either way.
     GeAffineMatrix3( const float ( *elements )[4], bool byColumns );
+    /// The same from double.
     GeAffineMatrix3( const double ( *elements )[4], bool byColumns );
     /// Without translation.
     explicit GeAffineMatrix3( const GeLinearMatrix3<T>& linear );
+    /// From L and t.
     GeAffineMatrix3( const GeLinearMatrix3<T>& linear, const GeVector3<T>& translation );
 
+    /// Becomes the identity.
     void setIdentity();
     /// L = 0 and t = 0; the bottom row remains.
     void setZero();
+    /// @}
 
+    /// @name Access
     /// Rows and columns 0 to 3; any other index is undefined. Row 3 is for reading only.
+    /// @{
+
+    /// Element (row, column).
     T operator()( int row, int column ) const;
+    /// Element (row, column), to be assigned.
     T& operator()( int row, int column );
     /// The upper three elements of column 0 to 3.
     GeVector3<T> getColumn( int column ) const;
+    /// L.
     GeLinearMatrix3<T> getLinear() const;
+    /// t.
     GeVector3<T> getTranslation() const;
+    /// @}
 
-    /// Element by element; -0 equals 0, NaN equals nothing. The same as isEqualExact().
+    /// @name Comparison
+    /// == and isEqualExact() are the same: element by element; -0 equals 0, NaN equals nothing. != is the exact
+    /// negation of ==.
+    /// @{
     bool operator==( const GeAffineMatrix3<T>& other ) const;
     bool operator!=( const GeAffineMatrix3<T>& other ) const;
     bool isEqualExact( const GeAffineMatrix3<T>& other ) const;
     /// Each element of L and t within the tolerance, strictly: |a - b| < tolerance. See FloatUtil::isEqual.
     bool isEqual( const GeAffineMatrix3<T>& other, T tolerance ) const;
+    /// @}
 
-    /// This times m: m acts first, the translation stays.
+    /// @name Arithmetic
+    /// This times the operand, which acts first, and mulOnRight(), the operand times this. The assigning forms put the
+    /// product in place of this matrix.
+    /// @{
+
+    /// Linear block L m; the translation stays.
     GeAffineMatrix3<T> operator*( const GeLinearMatrix3<T>& m ) const;
     GeAffineMatrix3<T>& operator*=( const GeLinearMatrix3<T>& m );
-    /// This times b: b acts first.
+    /// Linear block L times that of b, translation L times that of b, plus t.
     GeAffineMatrix3<T> operator*( const GeAffineMatrix3<T>& b ) const;
     GeAffineMatrix3<T>& operator*=( const GeAffineMatrix3<T>& b );
     /// L v; a vector has no place to be translated.
     GeVector3<T> operator*( const GeVector3<T>& v ) const;
     /// L p + t.
     GePoint3<T> operator*( const GePoint3<T>& p ) const;
-    /// The same for arrays, and faster: results[i] is this times element i. Any count, also 0; no alignment is asked for.
-    /// The results may replace the input, but not overlap it otherwise. Of several NaN, any one may be passed on.
-    void transform( const GePoint3<T>* points, std::size_t count, GePoint3<T>* results ) const;
-    void transform( const GeVector3<T>* vectors, std::size_t count, GeVector3<T>* results ) const;
     /// m times this: linear block m L, translation m t.
     GeAffineMatrix3<T> mulOnRight( const GeLinearMatrix3<T>& m ) const;
     /// The row vector v times L; the translation is not used.
     GeVector3<T> mulOnRight( const GeVector3<T>& v ) const;
+    /// @}
+
+    /// @name Array forms
+    /// What operator* does to one element, and faster: results[i] is this times element i. Any count, also 0; no
+    /// alignment is asked for. The results may replace the input, but not overlap it otherwise. Of several NaN, any one
+    /// may be passed on.
+    /// @{
+    void transform( const GePoint3<T>* points, std::size_t count, GePoint3<T>* results ) const;
+    void transform( const GeVector3<T>* vectors, std::size_t count, GeVector3<T>* results ) const;
+    /// @}
+
+    /// @name Queries
+    /// @{
 
     /// The determinant of L, by cofactors as in GeLinearMatrix3; it is that of the 4x4 matrix too.
     T computeDeterminant() const;
@@ -78,12 +111,17 @@ public:
     /// report, and the determinant and the linear block of `inverse` stay as they were; yet its translation is written
     /// in any case, as -( B t ) with B the linear block that `inverse` holds by then and t as it was before the call.
     void computeInverseAndDeterminant( GeAffineMatrix3<T>& inverse, T& determinant ) const;
+    /// @}
+
+    /// @name Text
+    /// @{
 
     /// Feeds the items of the text form to `out` with <<: characters, literals and numbers. See docs/textForms.md.
     template <class Out>
     void writeText( Out& out ) const;
     /// Writes the text form, four lines.
     std::ostream& dump( std::ostream& os ) const;
+    /// @}
 
 private:
     void setColumn( int column, const GeVector3<T>& v );
@@ -91,6 +129,7 @@ private:
     T _m[16];
 };
 
+/// Writes the text form, as dump() does.
 template <class T>
 std::ostream& operator<<( std::ostream& os, const GeAffineMatrix3<T>& m );
 

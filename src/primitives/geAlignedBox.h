@@ -25,16 +25,25 @@ template <class T>
 class ZQ_PRIMITIVES_API GeAlignedBox3
 {
 public:
+    /// @name Construction
+    /// @{
+
     /// The canonical empty box.
     GeAlignedBox3();
+    /// From intervals, stored as they are, inverted or not.
     GeAlignedBox3( Interval<T> x, Interval<T> y, Interval<T> z );
     /// The box of a single point.
     explicit GeAlignedBox3( const GePoint3<T>& point );
     /// The smallest box that holds both points, in either order.
     GeAlignedBox3( const GePoint3<T>& p, const GePoint3<T>& q );
+    /// @}
 
-    /// Axis 0, 1 or 2; any other is undefined.
+    /// @name Access
+    /// @{
+
+    /// The interval of axis 0, 1 or 2; any other is undefined.
     Interval<T> getInterval( int axis ) const;
+    /// Replaces the interval of axis 0, 1 or 2 as it is given; any other is undefined.
     void setInterval( int axis, const Interval<T>& interval );
     /// (min + max) * 0.5 on each axis; overflows where the sum does.
     GePoint3<T> getCenter() const;
@@ -53,20 +62,33 @@ public:
     /// differ in one coordinate. Stops when the functor answers false. A functor may change the box; the corners are
     /// those that it had before the first call.
     void enumerateCorners( UnaryFunctor<GePoint3<T>, bool>& functor ) const;
+    /// @}
+
+    /// @name Growth
+    /// @{
 
     /// Whether every interval has max < min.
     bool isEmpty() const;
-    /// Grows bound by bound to hold a point or another box. A NaN coordinate changes nothing.
+    /// Grows bound by bound to hold a point; returns this box. A NaN coordinate changes nothing.
     GeAlignedBox3<T>& extend( const GePoint3<T>& point );
+    /// Grows bound by bound to hold another box; returns this box. A NaN bound changes nothing.
     GeAlignedBox3<T>& extend( const GeAlignedBox3<T>& other );
     /// Grows to hold all of the points, as if one after the other: where zeros of both signs are smallest or largest, the
     /// first is kept.
     GeAlignedBox3<T>& extend( const GePoint3<T>* points, std::size_t count );
+    /// @}
+
+    /// @name Comparison
+    /// @{
 
     /// All six bounds equal; -0 equals 0, NaN equals nothing.
     bool isEqualExact( const GeAlignedBox3<T>& other ) const;
     /// All six bounds within the tolerance, strictly; see FloatUtil::isEqual.
     bool isEqual( const GeAlignedBox3<T>& other, T tolerance ) const;
+    /// @}
+
+    /// @name Queries
+    /// @{
 
     /// min <= p <= max on every axis.
     bool contains( const GePoint3<T>& point ) const;
@@ -85,9 +107,10 @@ public:
     typename Interval<T>::Containment classify( const GeAlignedBox3<T>& other ) const;
     /// The same, both open: boxes that only touch are OUTSIDE.
     typename Interval<T>::Containment classifyExclude( const GeAlignedBox3<T>& other ) const;
-    /// The same for arrays, and much faster: verdict i, a byte with the value of the enumerator, is what this box is to
+    /// classify() for arrays, and much faster: verdict i, a byte with the value of the enumerator, is what this box is to
     /// others[i]. Any count, also 0; no alignment is asked for. The verdicts must not lie within the boxes.
     void classify( const GeAlignedBox3<T>* others, std::size_t count, unsigned char* verdicts ) const;
+    /// classifyExclude() for arrays, in the same way.
     void classifyExclude( const GeAlignedBox3<T>* others, std::size_t count, unsigned char* verdicts ) const;
 
     /// Offsets from a point to the nearest and to the farthest point of the box, box point minus p, each axis by
@@ -105,12 +128,17 @@ public:
     /// lie within the boxes.
     static void intersectLine( const GeAlignedBox3<T>* boxes, std::size_t count, const GePoint3<T>& origin,
         const GeVector3<T>& direction, Interval<T>* ranges );
+    /// @}
+
+    /// @name Text
+    /// @{
 
     /// Feeds the items of the text form to `out` with <<: characters, literals and numbers. See docs/textForms.md.
     template <class Out>
     void writeText( Out& out ) const;
     /// Writes the text form; no line end.
     std::ostream& dump( std::ostream& os ) const;
+    /// @}
 
 private:
     /// intersectLine() axis by axis, for any direction.
@@ -122,8 +150,10 @@ private:
 /// The same as isEqualExact().
 template <class T>
 bool operator==( const GeAlignedBox3<T>& a, const GeAlignedBox3<T>& b );
+/// The exact negation of ==.
 template <class T>
 bool operator!=( const GeAlignedBox3<T>& a, const GeAlignedBox3<T>& b );
+/// Writes the text form, as dump() does.
 template <class T>
 std::ostream& operator<<( std::ostream& os, const GeAlignedBox3<T>& box );
 

@@ -29,18 +29,34 @@ namespace Zq
 class ZQ_PRIMITIVES_API GeAnchoredCone
 {
 public:
+    /// @name Construction
+    /// @{
+
     /// Stores the four as they are, and the tangent of the semi-angle.
     GeAnchoredCone( const GeFloatingCone& cone, const GePoint3<float>& bottomCenter, float bottomRadius, float height );
+    /// @}
 
+    /// @name Access
+    /// @{
+
+    /// The axis and the semi-angle.
     const GeFloatingCone& getFloatingCone() const;
+    /// B.
     const GePoint3<float>& getBottomCenter() const;
+    /// r.
     float getBottomRadius() const;
+    /// h.
     float getHeight() const;
     /// The tangent of the semi-angle.
     float getTangent() const;
+    /// @}
+
+    /// @name Comparison
+    /// @{
 
     /// The same as isEqualExact().
     bool operator==( const GeAnchoredCone& other ) const;
+    /// The exact negation of ==.
     bool operator!=( const GeAnchoredCone& other ) const;
     /// Bottom centre, bottom radius, height and tangent are equal; NaN equals nothing. The axis and the semi-angle are
     /// not looked at: cones that differ only in the direction of their axis are equal. Compare the floating cones where
@@ -49,24 +65,36 @@ public:
     /// The same values within tolerances, strictly: one for bottom centre, bottom radius and height, the other for the
     /// tangent. See FloatUtil::isEqual.
     bool isEqual( const GeAnchoredCone& other, float lengthTolerance, float tangentTolerance ) const;
+    /// @}
+
+    /// @name Queries
+    /// @{
 
     /// The radius at the height h.
     float getTopRadius() const;
-    /// The distance of the apex below B, and the apex. Not guarded: infinite at semi-angle 0, NaN if r is 0 as well.
+    /// The distance of the apex below B. Not guarded: infinite at semi-angle 0, NaN if r is 0 as well.
     float getApexDistance() const;
+    /// The apex; not guarded either.
     GePoint3<float> getApex() const;
-    /// The distance of the backfacing apex below B, and that apex.
+    /// The distance of the backfacing apex below B.
     float getBackfacingDistance() const;
+    /// The backfacing apex.
     GePoint3<float> getBackfacingApex() const;
-    /// The distance of the frontfacing apex above B, and that apex.
+    /// The distance of the frontfacing apex above B.
     float getFrontfacingDistance() const;
+    /// The frontfacing apex.
     GePoint3<float> getFrontfacingApex() const;
+    /// @}
+
+    /// @name Text
+    /// @{
 
     /// Feeds the items of the text form to `out` with <<: characters, literals and numbers. See docs/textForms.md.
     template <class Out>
     void writeText( Out& out ) const;
     /// Writes the text form; no line end.
     std::ostream& dump( std::ostream& os ) const;
+    /// @}
 
 private:
     GeFloatingCone _cone;
@@ -76,6 +104,7 @@ private:
     float _tangent;
 };
 
+/// Writes the text form, as dump() does.
 std::ostream& operator<<( std::ostream& os, const GeAnchoredCone& cone );
 
 } // namespace Zq

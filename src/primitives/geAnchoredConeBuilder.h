@@ -16,17 +16,31 @@ namespace Zq
 class ZQ_PRIMITIVES_API GeAnchoredConeBuilder : public UnaryFunctor<GePoint3<float>, bool>
 {
 public:
+    /// @name Construction
+    /// @{
+
     /// Empty, with room for so many points; more are taken as they come.
     explicit GeAnchoredConeBuilder( unsigned int capacity = 16 );
+    /// Copies the points.
     GeAnchoredConeBuilder( const GeAnchoredConeBuilder& ) = default;
+    /// Takes over the points.
     GeAnchoredConeBuilder& operator=( const GeAnchoredConeBuilder& ) = default;
+    /// Gives the points back.
     ~GeAnchoredConeBuilder() override;
+    /// @}
+
+    /// @name Feeding
+    /// @{
 
     /// Adds a point; true, always: go on.
     bool operator()( const GePoint3<float>& point ) override;
 
     /// Forgets all points; the room stays.
     void reset();
+    /// @}
+
+    /// @name Queries
+    /// @{
 
     /// The anchored cone of the collected points, with the axis and the semi-angle of a floating cone.
     ///
@@ -47,6 +61,7 @@ public:
     /// "len > 0" for an axis of length zero. "bottomIndex < _points.size()" and "nbOutsidePoints <= _points.size()"
     /// guard the inner workings.
     GeAnchoredCone createCone( const GeFloatingCone& cone );
+    /// @}
 
 private:
     std::vector<GePoint3<float>> _points;

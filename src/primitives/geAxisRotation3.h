@@ -31,23 +31,40 @@ class ZQ_PRIMITIVES_API GeAxisRotation3
     static_assert( axis >= 0 && axis <= 2, "axes are numbered 0, 1, 2 for x, y, z" );
 
 public:
+    /// @name Construction
+    /// @{
+
     /// By an angle in radians.
     explicit GeAxisRotation3( T angle );
     /// Trusts that the two belong to one angle; nothing is checked.
     GeAxisRotation3( T cosine, T sine );
+    /// @}
 
+    /// @name Access
+    /// @{
+
+    /// The cosine of the angle.
     T getCosine() const;
+    /// The sine of the angle.
     T getSine() const;
+    /// The matrix, as it stands above.
     GeLinearMatrix3<T> getMatrix() const;
+    /// @}
 
-    /// Cosine, then sine; -0 equals 0, NaN equals nothing. The same as isEqualExact().
+    /// @name Comparison
+    /// == and isEqualExact() are the same: cosine, then sine; -0 equals 0, NaN equals nothing. != is the exact negation
+    /// of ==.
+    /// @{
     bool operator==( const GeAxisRotation3<axis, T>& other ) const;
     bool operator!=( const GeAxisRotation3<axis, T>& other ) const;
     bool isEqualExact( const GeAxisRotation3<axis, T>& other ) const;
     /// Cosine and sine each within the tolerance, strictly. See FloatUtil::isEqual.
     bool isEqual( const GeAxisRotation3<axis, T>& other, T tolerance ) const;
+    /// @}
 
-    /// This times the operand.
+    /// @name Arithmetic
+    /// operator* is this times the operand, mulOnRight() the operand times this.
+    /// @{
     GeLinearMatrix3<T> operator*( const GeScale3<T>& s ) const;
     GeAffineMatrix3<T> operator*( const GeTranslation3<T>& t ) const;
     GeLinearMatrix3<T> operator*( const GeLinearMatrix3<T>& m ) const;
@@ -55,29 +72,34 @@ public:
     GeAffineMatrix3<T> operator*( const GeAffineMatrix3<T>& m ) const;
     GeVector3<T> operator*( const GeVector3<T>& v ) const;
     GePoint3<T> operator*( const GePoint3<T>& p ) const;
-    /// The operand times this.
     GeLinearMatrix3<T> mulOnRight( const GeScale3<T>& s ) const;
     GeAffineMatrix3<T> mulOnRight( const GeTranslation3<T>& t ) const;
     GeLinearMatrix3<T> mulOnRight( const GeLinearMatrix3<T>& m ) const;
     GeRotation3<T> mulOnRight( const GeRotation3<T>& r ) const;
     GeAffineMatrix3<T> mulOnRight( const GeAffineMatrix3<T>& m ) const;
+    /// @}
+
+    /// @name Queries
+    /// @{
 
     /// By the opposite angle.
     GeAxisRotation3<axis, T> computeInverse() const;
+    /// @}
+
+    /// @name Text
+    /// @{
 
     /// Feeds the items of the text form to `out` with <<: characters, literals and numbers. See docs/textForms.md.
     template <class Out>
     void writeText( Out& out ) const;
     /// Writes the text form, three lines.
     std::ostream& dump( std::ostream& os ) const;
+    /// @}
 
 private:
     // The rotation turns coordinate `first` towards coordinate `second` and leaves coordinate `axis` alone.
-    enum
-    {
-        first = ( axis + 1 ) % 3,
-        second = ( axis + 2 ) % 3
-    };
+    static constexpr int first = ( axis + 1 ) % 3;
+    static constexpr int second = ( axis + 2 ) % 3;
 
     template <int columns, class Matrix>
     Matrix turnRows( const Matrix& m ) const;
@@ -88,6 +110,7 @@ private:
     T _sine;
 };
 
+/// Writes the text form, as dump() does.
 template <int axis, class T>
 std::ostream& operator<<( std::ostream& os, const GeAxisRotation3<axis, T>& r );
 
@@ -96,8 +119,13 @@ template <class T>
 class ZQ_PRIMITIVES_API GeXAxisRotation3 : public GeAxisRotation3<0, T>
 {
 public:
+    /// @name Construction
+    /// From an angle, or from a cosine and a sine, as GeAxisRotation3.
+    /// @{
     using GeAxisRotation3<0, T>::GeAxisRotation3;
+    /// Gives a name to the result of a product or an inversion.
     explicit GeXAxisRotation3( const GeAxisRotation3<0, T>& rotation );
+    /// @}
 };
 
 /// A rotation about the y axis.
@@ -105,8 +133,13 @@ template <class T>
 class ZQ_PRIMITIVES_API GeYAxisRotation3 : public GeAxisRotation3<1, T>
 {
 public:
+    /// @name Construction
+    /// From an angle, or from a cosine and a sine, as GeAxisRotation3.
+    /// @{
     using GeAxisRotation3<1, T>::GeAxisRotation3;
+    /// Gives a name to the result of a product or an inversion.
     explicit GeYAxisRotation3( const GeAxisRotation3<1, T>& rotation );
+    /// @}
 };
 
 /// A rotation about the z axis.
@@ -114,8 +147,13 @@ template <class T>
 class ZQ_PRIMITIVES_API GeZAxisRotation3 : public GeAxisRotation3<2, T>
 {
 public:
+    /// @name Construction
+    /// From an angle, or from a cosine and a sine, as GeAxisRotation3.
+    /// @{
     using GeAxisRotation3<2, T>::GeAxisRotation3;
+    /// Gives a name to the result of a product or an inversion.
     explicit GeZAxisRotation3( const GeAxisRotation3<2, T>& rotation );
+    /// @}
 };
 
 } // namespace Zq

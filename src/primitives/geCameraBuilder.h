@@ -29,8 +29,15 @@ class ZQ_PRIMITIVES_API GeCameraBuilder
 public:
     GeCameraBuilder() = delete;
 
+    /// @name Queries
+    /// @{
+
     /// Half the height of the view at a distance: tan( angle / 2 ) * distance.
     static T computeOrthoRadius( T fieldOfView, T distance );
+    /// @}
+
+    /// @name Construction
+    /// @{
 
     /// With c = 1 / tan( fieldOfView / 2 ), n the near and f the far distance:
     ///
@@ -47,6 +54,7 @@ public:
     ///     | 0 0 -2 / ( f - n ) -( f + n ) / ( f - n ) |
     ///     | 0 0 0 1 |
     static GeProjectiveMatrix3<T> makeOrthographic( T fieldOfView, T nearDistance, T farDistance, T aspect );
+    /// @}
 };
 
 extern template class GeCameraBuilder<float>;

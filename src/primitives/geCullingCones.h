@@ -38,6 +38,9 @@ namespace Zq
 class ZQ_PRIMITIVES_API GeCullingCones
 {
 public:
+    /// @name Construction
+    /// @{
+
     /// No culling cones: a sphere of normals about (0, 0, 1), cosine -1; apex and offset are zero.
     GeCullingCones();
     /// The culling cones of a surface with normals in the anchored cone's floating cone and points in its truncated
@@ -45,18 +48,29 @@ public:
     explicit GeCullingCones( const GeAnchoredCone& anchored );
     /// Stores the three as they are.
     GeCullingCones( const GeFloatingCone& cone, const GePoint3<float>& backfacingApex, float frontfacingOffset );
+    /// @}
+
+    /// @name Access
+    /// @{
 
     /// The cone of the normals.
     const GeFloatingCone& getFloatingCone() const;
+    /// The tip of the region behind.
     GePoint3<float> getBackfacingApex() const;
+    /// How far the tip of the region in front lies along +a from the backfacing apex.
     float getFrontfacingOffset() const;
     /// The cosine of beta; -1 when there are no culling cones.
     float getCosBeta() const;
     /// beta in radians; 0 when there are no culling cones.
     float getCullingSemiAngle() const;
+    /// @}
+
+    /// @name Comparison
+    /// @{
 
     /// The same as isEqualExact().
     bool operator==( const GeCullingCones& other ) const;
+    /// The exact negation of ==.
     bool operator!=( const GeCullingCones& other ) const;
     /// Backfacing apex, frontfacing offset and the cosine of beta are equal; NaN equals nothing. The floating cone is
     /// not looked at: cones that open in different directions are equal. Compare the floating cones where it matters.
@@ -64,6 +78,10 @@ public:
     /// The same values within tolerances, strictly: one for apex and offset, the other for the cosine. See
     /// FloatUtil::isEqual.
     bool isEqual( const GeCullingCones& other, float lengthTolerance, float cosineTolerance ) const;
+    /// @}
+
+    /// @name Queries
+    /// @{
 
     /// Whether a viewpoint lies in the front region; true for every point when there are no culling cones. Otherwise
     /// false for NaN.
@@ -71,18 +89,24 @@ public:
     /// Whether a viewpoint lies in the region behind; false for every point when there are no culling cones, and for
     /// NaN. Distances above about 1.8e19 overflow and count as square to the axis: not behind, unless alpha is 0.
     bool isBehind( const GePoint3<float>& p ) const;
-    /// One viewpoint and many cones, much faster: verdict i is 1 where cones[i] answers true, else 0. Any count, also 0; no
+    /// isInFront() for one viewpoint and many cones, much faster: verdict i is 1 where cones[i] answers true, else 0. Any count, also 0; no
     /// alignment is asked for. The verdicts must not lie within the cones.
     static void isInFront(
         const GeCullingCones* cones, std::size_t count, const GePoint3<float>& p, unsigned char* verdicts );
+    /// isBehind() for one viewpoint and many cones, in the same way.
     static void isBehind(
         const GeCullingCones* cones, std::size_t count, const GePoint3<float>& p, unsigned char* verdicts );
+    /// @}
+
+    /// @name Text
+    /// @{
 
     /// Feeds the items of the text form to `out` with <<: characters, literals and numbers. See docs/textForms.md.
     template <class Out>
     void writeText( Out& out ) const;
     /// Writes the text form; no line end.
     std::ostream& dump( std::ostream& os ) const;
+    /// @}
 
 private:
     GeFloatingCone _cone;
@@ -91,6 +115,7 @@ private:
     float _cosBeta;
 };
 
+/// Writes the text form, as dump() does.
 std::ostream& operator<<( std::ostream& os, const GeCullingCones& cones );
 
 } // namespace Zq

@@ -24,14 +24,28 @@ namespace Zq
 class ZQ_PRIMITIVES_API GeFloatingCone
 {
 public:
+    /// @name Construction
+    /// @{
+
     /// Stores both as they are; nothing is checked.
     GeFloatingCone( const GeUnitVector3<float>& axis, float semiAngle );
+    /// @}
 
+    /// @name Access
+    /// @{
+
+    /// The axis.
     const GeUnitVector3<float>& getAxis() const;
+    /// The semi-angle in radians.
     float getSemiAngle() const;
+    /// @}
+
+    /// @name Comparison
+    /// @{
 
     /// The same as isEqualExact().
     bool operator==( const GeFloatingCone& other ) const;
+    /// The exact negation of ==.
     bool operator!=( const GeFloatingCone& other ) const;
     /// The three components of the axis and the semi-angle are equal; NaN equals nothing. Two spheres with different
     /// axes hold the same directions, yet they are not equal.
@@ -39,6 +53,10 @@ public:
     /// Each component of the axes within one tolerance and the semi-angles within the other, strictly. See
     /// FloatUtil::isEqual.
     bool isEqual( const GeFloatingCone& other, float axisTolerance, float angleTolerance ) const;
+    /// @}
+
+    /// @name Growth
+    /// @{
 
     /// Grows the cone about another one that sticks out of it: the result is the smallest cone around both.
     ///
@@ -56,6 +74,10 @@ public:
     /// Reports "len > 0" (src/primitives/geFloatingCone) if the turned axis has no length, as it happens for a zero
     /// axis and for NaN; the cone is unchanged then. A cosine above 1 is cut to 1 and traced at level "Geometry".
     void expand( const GeFloatingCone& other );
+    /// @}
+
+    /// @name Queries
+    /// @{
 
     /// Whether the cone holds all directions: the semi-angle is at least pi, compared in double precision.
     bool isSphere() const;
@@ -63,18 +85,24 @@ public:
     /// for NaN. Both sides are rounded. At semi-angle 0 even the axis is outside if its dot product with itself falls
     /// short of 1; a sphere misses directions only where the dot product is rounded below -1.
     bool contains( const GeUnitVector3<float>& direction ) const;
+    /// @}
+
+    /// @name Text
+    /// @{
 
     /// Feeds the items of the text form to `out` with <<: characters, literals and numbers. See docs/textForms.md.
     template <class Out>
     void writeText( Out& out ) const;
     /// Writes the text form; no line end.
     std::ostream& dump( std::ostream& os ) const;
+    /// @}
 
 private:
     GeUnitVector3<float> _axis;
     float _semiAngle;
 };
 
+/// Writes the text form, as dump() does.
 std::ostream& operator<<( std::ostream& os, const GeFloatingCone& cone );
 
 } // namespace Zq

@@ -16,17 +16,31 @@ namespace Zq
 class ZQ_PRIMITIVES_API GeFloatingConeBuilder : public UnaryFunctor<GeUnitVector3<float>, void>
 {
 public:
+    /// @name Construction
+    /// @{
+
     /// Empty, with room for so many directions; more are taken as they come.
     explicit GeFloatingConeBuilder( unsigned int capacity = 16 );
+    /// Copies the directions.
     GeFloatingConeBuilder( const GeFloatingConeBuilder& ) = default;
+    /// Takes over the directions.
     GeFloatingConeBuilder& operator=( const GeFloatingConeBuilder& ) = default;
+    /// Gives the directions back.
     ~GeFloatingConeBuilder() override;
+    /// @}
+
+    /// @name Feeding
+    /// @{
 
     /// Adds a direction.
     void operator()( const GeUnitVector3<float>& direction ) override;
 
     /// Forgets all directions; the room stays.
     void reset();
+    /// @}
+
+    /// @name Queries
+    /// @{
 
     /// The cone about the collected directions; then forgets them.
     ///
@@ -38,6 +52,7 @@ public:
     /// included: for directions all around, but also for two as far apart as (1, 0, 0) and (0, 1, 0), whose box touches
     /// the origin.
     GeFloatingCone createCone();
+    /// @}
 
 private:
     std::vector<GeUnitVector3<float>> _directions;

@@ -41,11 +41,13 @@ template <class T>
 class ZQ_PRIMITIVES_API GeFrustum
 {
 public:
+    /// The number of planes.
     enum
     {
         NB_PLANES = 6
     };
 
+    /// How a point or a box lies relative to the view volume.
     enum Classification
     {
         FRUSTUM_OUTSIDE = 1,  ///< wholly beyond one of the planes
@@ -53,23 +55,41 @@ public:
         FRUSTUM_INTERSECT = 3 ///< a box that crosses planes, and is wholly beyond none
     };
 
+    /// @name Construction
+    /// @{
+
     /// Reports "nonSingular" (src/base/matrix4x4Imp, line 175) for a matrix without inverse, "len > 0"
     /// (src/primitives/geVector3.inline, line 496) where the sum or difference of two rows has no direction, as for an
     /// infinitely far plane.
     /// Traces its steps at the level "GeFrustum".
     explicit GeFrustum( const GeProjectiveMatrix3<T>& projection );
+    /// Copies the planes.
     GeFrustum( const GeFrustum& ) = default;
+    /// Takes over the planes.
     GeFrustum& operator=( const GeFrustum& ) = default;
+    /// Nothing is to be given back.
     ~GeFrustum() = default;
+    /// @}
+
+    /// @name Access
+    /// @{
 
     /// Plane 0 to 5. Reports "plane >= 0 && plane <= NB_PLANES" (src/primitives/geFrustum.inline) for others, except
     /// that 6 passes and gives the default plane, z = 0.
     GeNormalizedPlane3<T> getPlane( int plane ) const;
+    /// @}
+
+    /// @name Comparison
+    /// @{
 
     /// The six planes exactly equal.
     bool isEqualExact( const GeFrustum& other ) const;
     /// All 24 numbers within the tolerance, strictly; see FloatUtil::isEqual.
     bool isEqual( const GeFrustum& other, T tolerance ) const;
+    /// @}
+
+    /// @name Queries
+    /// @{
 
     /// FRUSTUM_OUTSIDE or FRUSTUM_INSIDE.
     Classification classify( const GePoint3<T>& point ) const;
@@ -81,21 +101,27 @@ public:
     /// Source: U. Assarsson and T. Moeller, Optimized View Frustum Culling Algorithms for Bounding Boxes, 2000.
     Classification classify( const GeAlignedBox3<T>& box ) const;
 
-    /// The same for arrays, and much faster: verdict i, a byte with the value of the enumerator, is what the call for
+    /// classify() for arrays, and much faster: verdict i, a byte with the value of the enumerator, is what the call for
     /// element i alone answers. Any count, also 0; no alignment is asked for. The verdicts must not lie within the input.
     void classify( const GePoint3<T>* points, std::size_t count, unsigned char* verdicts ) const;
+    /// The same for boxes.
     void classify( const GeAlignedBox3<T>* boxes, std::size_t count, unsigned char* verdicts ) const;
 
     /// Writes the indices of the boxes that are not FRUSTUM_OUTSIDE, in ascending order, and returns their number. The
     /// array takes up to `count` indices; those behind the ones returned are left with any value. Reports
     /// "count <= 0xFFFFFFFF" (src/primitives/geFrustum.inline).
     std::size_t findNotOutside( const GeAlignedBox3<T>* boxes, std::size_t count, std::uint32_t* indices ) const;
+    /// @}
+
+    /// @name Text
+    /// @{
 
     /// Feeds the items of the text form to `out` with <<: characters, literals and numbers. See docs/textForms.md.
     template <class Out>
     void writeText( Out& out ) const;
     /// Writes the text form.
     void dump( std::ostream& os ) const;
+    /// @}
 
 private:
     void setPlane( int plane, const GeNormalizedPlane3<T>& value );
@@ -106,10 +132,13 @@ private:
 /// The same as isEqualExact().
 template <class T>
 bool operator==( const GeFrustum<T>& a, const GeFrustum<T>& b );
+/// The exact negation of ==.
 template <class T>
 bool operator!=( const GeFrustum<T>& a, const GeFrustum<T>& b );
+/// The same as a.isEqual( b, tolerance ).
 template <class T>
 bool isEqual( const GeFrustum<T>& a, const GeFrustum<T>& b, T tolerance );
+/// Writes the text form, as dump() does.
 template <class T>
 std::ostream& operator<<( std::ostream& os, const GeFrustum<T>& frustum );
 

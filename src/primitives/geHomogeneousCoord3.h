@@ -20,10 +20,18 @@ template <class T>
 class ZQ_PRIMITIVES_API GeHomogeneousCoord3
 {
 public:
+    /// @name Construction
+    /// @{
+
     /// All four components 0.
     GeHomogeneousCoord3();
+    /// From components, stored as they are.
     GeHomogeneousCoord3( T x, T y, T z, T w );
+    /// @}
 
+    /// @name Access
+    /// One component; any value is allowed.
+    /// @{
     T getX() const;
     T getY() const;
     T getZ() const;
@@ -34,15 +42,23 @@ public:
     void setW( T w );
     /// All four components 0, w included.
     void setZero();
+    /// @}
 
-    /// Components compared as they stand: multiples of each other differ. -0 equals 0, NaN equals nothing.
-    /// The same as isEqualExact().
+    /// @name Comparison
+    /// == and isEqualExact() are the same: components compared as they stand, so that multiples of each other differ.
+    /// -0 equals 0, NaN equals nothing. != is the exact negation of ==.
+    /// @{
     bool operator==( const GeHomogeneousCoord3<T>& other ) const;
     bool operator!=( const GeHomogeneousCoord3<T>& other ) const;
     bool isEqualExact( const GeHomogeneousCoord3<T>& other ) const;
     /// Each component within the tolerance, strictly: |a - b| < tolerance. See FloatUtil::isEqual.
     bool isEqual( const GeHomogeneousCoord3<T>& other, T tolerance ) const;
+    /// @}
 
+    /// @name Arithmetic
+    /// Component by component, w included, in T. Division is one reciprocal and four multiplications. The assigning
+    /// forms return this coordinate.
+    /// @{
     GeHomogeneousCoord3<T> operator+( const GeHomogeneousCoord3<T>& other ) const;
     GeHomogeneousCoord3<T> operator-( const GeHomogeneousCoord3<T>& other ) const;
     GeHomogeneousCoord3<T> operator-() const;
@@ -50,15 +66,19 @@ public:
     GeHomogeneousCoord3<T>& operator-=( const GeHomogeneousCoord3<T>& other );
     GeHomogeneousCoord3<T> operator*( T factor ) const;
     GeHomogeneousCoord3<T>& operator*=( T factor );
-    /// One reciprocal, four multiplications.
     GeHomogeneousCoord3<T> operator/( T divisor ) const;
     GeHomogeneousCoord3<T>& operator/=( T divisor );
+    /// @}
+
+    /// @name Text
+    /// @{
 
     /// Feeds the items of the text form to `out` with <<: characters, literals and numbers. See docs/textForms.md.
     template <class Out>
     void writeText( Out& out ) const;
     /// Writes the text form; no line end.
     std::ostream& dump( std::ostream& os ) const;
+    /// @}
 
 private:
     T _x;
@@ -67,6 +87,7 @@ private:
     T _w;
 };
 
+/// Writes the text form, as dump() does.
 template <class T>
 std::ostream& operator<<( std::ostream& os, const GeHomogeneousCoord3<T>& h );
 

@@ -17,23 +17,34 @@ namespace Zq
 class ZQ_PRIMITIVES_API GeIcosahedron
 {
 public:
+    /// The sizes of the tables.
     enum
     {
-        NB_VERTICES = 12,
-        NB_EDGES = 30,
-        NB_FACES = 20
+        NB_VERTICES = 12, ///< corners
+        NB_EDGES = 30,    ///< pairs of corners
+        NB_FACES = 20     ///< triangles
     };
 
+    /// @name Access
+    /// @{
+
+    /// NB_VERTICES.
     static int getNbVertices();
+    /// NB_EDGES.
     static int getNbEdges();
+    /// NB_FACES.
     static int getNbFaces();
 
-    /// Reports "0 <= i && i < NB_VERTICES".
+    /// A vertex; reports "0 <= i && i < NB_VERTICES".
     static void getVertex( int i, GeVector3<float>& v );
     /// The two ends of an edge; reports "0 <= i && i < NB_EDGES".
     static void getEdge( int i, GeVector3<float>& first, GeVector3<float>& second );
     /// The three corners of a face; reports "0 <= i && i < NB_FACES".
     static void getFace( int i, GeVector3<float>& first, GeVector3<float>& second, GeVector3<float>& third );
+    /// @}
+
+    /// @name Queries
+    /// @{
 
     /// Passes random directions of unit length to the functor, spread evenly over the faces, and returns how many.
     ///
@@ -49,6 +60,7 @@ public:
     /// weight of the triangle's first corner, then for that of the second. Numbers outside [0, 1] are not checked.
     static unsigned int getStratifiedSamples(
         unsigned int nbSamples, UnaryFunctor<GeVector3<float>, void>& functor, RnRng<float>& rng );
+    /// @}
 
 private:
     GeIcosahedron() = default;

@@ -16,18 +16,31 @@ template <class T>
 class ZQ_PRIMITIVES_API GeLineFaceBuilder
 {
 public:
-    // The order of the virtual functions is part of the binary interface.
+    /// @name Slots
+    /// The order of the virtual functions is part of the binary interface.
+    /// @{
+
+    /// Receivers are deleted through this class, too.
     virtual ~GeLineFaceBuilder();
+    /// The first call of a face.
     virtual void beginFace() = 0;
+    /// A contour begins at a point.
     virtual void beginContour( const GePoint3<T>& start ) = 0;
     /// A line from the point before.
     virtual void addLine( const GePoint3<T>& end ) = 0;
+    /// The contour is complete.
     virtual void endContour() = 0;
+    /// The last call of a face.
     virtual void endFace() = 0;
+    /// @}
 
+    /// @name Construction
+    /// There is nothing to set up or to copy here.
+    /// @{
     GeLineFaceBuilder() = default;
     GeLineFaceBuilder( const GeLineFaceBuilder& ) = default;
     GeLineFaceBuilder& operator=( const GeLineFaceBuilder& ) = default;
+    /// @}
 };
 
 template <class T>

@@ -30,21 +30,35 @@ template <class T>
 class ZQ_PRIMITIVES_API GeLinearMatrix3
 {
 public:
+    /// @name Construction
+    /// @{
+
     /// The identity.
     GeLinearMatrix3();
-    /// Row by row.
+    /// From elements, row by row.
     GeLinearMatrix3( T m00, T m01, T m02, T m10, T m11, T m12, T m20, T m21, T m22 );
+    /// From rows.
     GeLinearMatrix3( const GeVector3<T>& row0, const GeVector3<T>& row1, const GeVector3<T>& row2 );
 
+    /// Becomes the identity.
     void setIdentity();
     /// All nine elements 0.
     void setZero();
 
     /// Rows and columns 0 to 2; any other index is undefined.
+    /// @}
+
+    /// @name Access
+    /// One element, to be read or assigned: rows and columns 0 to 2, any other index is undefined.
+    /// @{
     T operator()( int row, int column ) const;
     T& operator()( int row, int column );
+    /// @}
 
-    /// Element by element; -0 equals 0, NaN equals nothing. The same as isEqualExact().
+    /// @name Comparison
+    /// == and isEqualExact() are the same: element by element; -0 equals 0, NaN equals nothing. != is the exact
+    /// negation of ==.
+    /// @{
     bool operator==( const GeLinearMatrix3<T>& other ) const;
     bool operator!=( const GeLinearMatrix3<T>& other ) const;
     bool isEqualExact( const GeLinearMatrix3<T>& other ) const;
@@ -52,17 +66,26 @@ public:
     bool isEqual( const GeLinearMatrix3<T>& other, T tolerance ) const;
     /// Each element that of the identity, within the default tolerance of FloatUtil::isEqual.
     bool isIdentity() const;
+    /// @}
 
-    /// This times b: b acts first.
+    /// @name Arithmetic
+    /// This times the operand, which acts first; the assigning form puts the product in place of this matrix. A point
+    /// is turned into the image of its position vector.
+    /// @{
     GeLinearMatrix3<T> operator*( const GeLinearMatrix3<T>& b ) const;
     GeLinearMatrix3<T>& operator*=( const GeLinearMatrix3<T>& b );
     GeVector3<T> operator*( const GeVector3<T>& v ) const;
     GePoint3<T> operator*( const GePoint3<T>& p ) const;
     /// The row vector v times this, which is the transpose of this times v.
     GeVector3<T> mulOnRight( const GeVector3<T>& v ) const;
+    /// @}
+
+    /// @name Queries
+    /// @{
 
     /// By cofactors: with the rows (a b c), (d e f), (g h i), (f b - e c) g + (e a - d b) i + (d c - a f) h.
     T computeDeterminant() const;
+    /// Element (r, c) goes to (c, r).
     GeLinearMatrix3<T> computeTranspose() const;
     /// The matrix of signed cofactors: element (r, c) is (-1)^(r + c) times the minor of element (r, c). It is not
     /// transposed; the classical adjugate is its transpose, and the inverse that divided by the determinant.
@@ -72,12 +95,17 @@ public:
     /// Inverse and determinant from one decomposition; `inverse` may be this matrix. A singular matrix leaves both
     /// outputs as they were, without a report: give `determinant` the value 0 beforehand to tell.
     void computeInverseAndDeterminant( GeLinearMatrix3<T>& inverse, T& determinant ) const;
+    /// @}
+
+    /// @name Text
+    /// @{
 
     /// Feeds the items of the text form to `out` with <<: characters, literals and numbers. See docs/textForms.md.
     template <class Out>
     void writeText( Out& out ) const;
     /// Writes the text form, three lines.
     std::ostream& dump( std::ostream& os ) const;
+    /// @}
 
 private:
     GeVector3<T> getRow( int row ) const;
@@ -85,6 +113,7 @@ private:
     T _m[9];
 };
 
+/// Writes the text form, as dump() does.
 template <class T>
 std::ostream& operator<<( std::ostream& os, const GeLinearMatrix3<T>& m );
 

@@ -20,21 +20,41 @@ template <class T>
 class ZQ_PRIMITIVES_API GePlane3
 {
 public:
+    /// @name Construction
+    /// @{
+
     /// The plane z = 0, facing up: (0, 0, 1), 0.
     GePlane3();
+    /// From numbers, stored as they are.
     GePlane3( T a, T b, T c, T d );
+    /// From a normal and d, stored as they are.
     GePlane3( const GeVector3<T>& normal, T d );
+    /// @}
 
+    /// @name Access
+    /// @{
+
+    /// (a, b, c).
     const GeVector3<T>& getNormal() const;
+    /// d.
     T getOffset() const;
+    /// @}
+
+    /// @name Comparison
+    /// @{
 
     /// The same as isEqualExact().
     bool operator==( const GePlane3<T>& other ) const;
+    /// The exact negation of ==.
     bool operator!=( const GePlane3<T>& other ) const;
     /// a, b, c and d equal; multiples of a plane differ from it. -0 equals 0, NaN equals nothing.
     bool isEqualExact( const GePlane3<T>& other ) const;
     /// a, b, c and d each within the tolerance, strictly; see FloatUtil::isEqual.
     bool isEqual( const GePlane3<T>& other, T tolerance ) const;
+    /// @}
+
+    /// @name Queries
+    /// @{
 
     /// a x + b y + c z + d, summed from left to right.
     T computeValue( const GePoint3<T>& point ) const;
@@ -45,18 +65,24 @@ public:
     /// GeNormalizedPlane3 of the plane to get 1.
     /// Otherwise as GeNormalizedPlane3::intersectRay; a zero normal is parallel to everything.
     bool intersectRay( const GePoint3<T>& origin, const GeVector3<T>& direction, T& t ) const;
+    /// @}
+
+    /// @name Text
+    /// @{
 
     /// Feeds the items of the text form to `out` with <<: characters, literals and numbers. See docs/textForms.md.
     template <class Out>
     void writeText( Out& out ) const;
     /// Writes the text form; no line end.
     std::ostream& dump( std::ostream& os ) const;
+    /// @}
 
 private:
     GeVector3<T> _normal;
     T _d;
 };
 
+/// Writes the text form, as dump() does.
 template <class T>
 std::ostream& operator<<( std::ostream& os, const GePlane3<T>& plane );
 

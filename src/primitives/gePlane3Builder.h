@@ -26,15 +26,28 @@ template <class T>
 class ZQ_PRIMITIVES_API GePlane3Builder
 {
 public:
+    /// @name Construction
+    /// @{
+
+    /// Begins without a vertex.
     GePlane3Builder();
+    /// @}
+
+    /// @name Feeding
+    /// @{
 
     /// Adds the next vertex. After a successful getPlane() it begins a new polygon. At most 2^31 - 1 vertices.
     void addPoint( const GePoint3<T>& point );
+    /// @}
+
+    /// @name Queries
+    /// @{
 
     /// The plane of the polygon; asked again, the same one. Aborts (src/primitives/gePlane3Builder) with fewer than
     /// three vertices, and reports "len > 0" (the same file) when the polygon has no area, as when its vertices are
     /// collinear, and for NaN. Both leave the builder as it was: more vertices may follow.
     GeNormalizedPlane3<T> getPlane();
+    /// @}
 
 private:
     void computeQuantities();

@@ -20,31 +20,47 @@ template <class T>
 class ZQ_PRIMITIVES_API GeProjectiveMatrix3
 {
 public:
+    /// @name Construction
+    /// @{
+
     /// The identity.
     GeProjectiveMatrix3();
     /// From a 4x4 array, each element converted to T. byColumns false: elements[r][c] becomes element (r, c).
     /// byColumns true: elements[c][r] becomes element (r, c), a plain copy of the storage order.
     GeProjectiveMatrix3( const float ( *elements )[4], bool byColumns );
+    /// The same from double.
     GeProjectiveMatrix3( const double ( *elements )[4], bool byColumns );
     /// The upper-left block; the rest is that of the identity.
     explicit GeProjectiveMatrix3( const GeLinearMatrix3<T>& linear );
     /// The upper three rows; the bottom row is (0, 0, 0, 1).
     explicit GeProjectiveMatrix3( const GeAffineMatrix3<T>& affine );
 
+    /// Becomes the identity.
     void setIdentity();
+    /// @}
 
-    /// Rows and columns 0 to 3; any other index is undefined.
+    /// @name Access
+    /// One element, to be read or assigned: rows and columns 0 to 3, any other index is undefined.
+    /// @{
     T operator()( int row, int column ) const;
     T& operator()( int row, int column );
+    /// @}
 
-    /// Element by element; -0 equals 0, NaN equals nothing. The same as isEqualExact().
+    /// @name Comparison
+    /// == and isEqualExact() are the same: element by element; -0 equals 0, NaN equals nothing. != is the exact
+    /// negation of ==.
+    /// @{
     bool operator==( const GeProjectiveMatrix3<T>& other ) const;
     bool operator!=( const GeProjectiveMatrix3<T>& other ) const;
     bool isEqualExact( const GeProjectiveMatrix3<T>& other ) const;
     /// Each element within the tolerance, strictly: |a - b| < tolerance. See FloatUtil::isEqual.
     bool isEqual( const GeProjectiveMatrix3<T>& other, T tolerance ) const;
+    /// @}
 
-    /// This times b: b acts first. The bottom row of an affine b is left out of the sums, not multiplied.
+    /// @name Arithmetic
+    /// This times the operand, which acts first. The bottom row of an affine matrix is left out of the sums, not
+    /// multiplied. The assigning forms put the product in place of this matrix.
+    /// @{
     GeProjectiveMatrix3<T> operator*( const GeAffineMatrix3<T>& b ) const;
     GeProjectiveMatrix3<T>& operator*=( const GeAffineMatrix3<T>& b );
     GeProjectiveMatrix3<T> operator*( const GeProjectiveMatrix3<T>& b ) const;
@@ -52,16 +68,25 @@ public:
     GeHomogeneousCoord3<T> operator*( const GeHomogeneousCoord3<T>& h ) const;
     /// The direction (x, y, z, 0) transformed: column 3 is not used.
     GeHomogeneousCoord3<T> operator*( const GeVector3<T>& v ) const;
-    /// The same for arrays, and faster: results[i] is this times element i. Any count, also 0; no alignment is asked for.
-    /// The results may replace the coordinates, but not overlap the input otherwise. Of several NaN, any one may be
-    /// passed on.
-    void transform( const GeHomogeneousCoord3<T>* coords, std::size_t count, GeHomogeneousCoord3<T>* results ) const;
-    void transform( const GeVector3<T>* vectors, std::size_t count, GeHomogeneousCoord3<T>* results ) const;
     /// The row h times this, which is the transpose of this times h.
     GeHomogeneousCoord3<T> mulOnRight( const GeHomogeneousCoord3<T>& h ) const;
+    /// @}
+
+    /// @name Array forms
+    /// What operator* does to one element, and faster: results[i] is this times element i. Any count, also 0; no
+    /// alignment is asked for. The results may replace the coordinates, but not overlap the input otherwise. Of several
+    /// NaN, any one may be passed on.
+    /// @{
+    void transform( const GeHomogeneousCoord3<T>* coords, std::size_t count, GeHomogeneousCoord3<T>* results ) const;
+    void transform( const GeVector3<T>* vectors, std::size_t count, GeHomogeneousCoord3<T>* results ) const;
+    /// @}
+
+    /// @name Queries
+    /// @{
 
     /// From the decomposition, not from cofactors: 0 when the matrix is singular in the sense of the decomposition.
     T computeDeterminant() const;
+    /// Element (r, c) goes to (c, r).
     GeProjectiveMatrix3<T> computeTranspose() const;
     /// The transpose of the full 4x4 form: the translation lands in the bottom row.
     static GeProjectiveMatrix3<T> computeTranspose( const GeAffineMatrix3<T>& a );
@@ -75,12 +100,17 @@ public:
     /// Inverse and determinant from one decomposition; `inverse` may be this matrix. A singular matrix leaves both
     /// outputs as they were, without a report: give `determinant` the value 0 beforehand to tell.
     void computeInverseAndDeterminant( GeProjectiveMatrix3<T>& inverse, T& determinant ) const;
+    /// @}
+
+    /// @name Text
+    /// @{
 
     /// Feeds the items of the text form to `out` with <<: characters, literals and numbers. See docs/textForms.md.
     template <class Out>
     void writeText( Out& out ) const;
     /// Writes the text form, four lines.
     std::ostream& dump( std::ostream& os ) const;
+    /// @}
 
 private:
     GeHomogeneousCoord3<T> getColumn( int column ) const;
@@ -89,6 +119,7 @@ private:
     T _m[16];
 };
 
+/// Writes the text form, as dump() does.
 template <class T>
 std::ostream& operator<<( std::ostream& os, const GeProjectiveMatrix3<T>& m );
 

@@ -66,8 +66,12 @@ public:
         EULER_ZYZ_ROTATING = 114
     };
 
+    /// @name Construction
+    /// @{
+
     /// The identity (0, 0, 0, 1).
     GeQuaternion3();
+    /// From components, stored as they are.
     GeQuaternion3( T x, T y, T z, T w );
     /// Converts each component to T.
     template <class U>
@@ -77,7 +81,11 @@ public:
     /// The rotation by an angle about an axis of any length but 0, right-handed. An axis of length 0 gives
     /// (0, 0, 0, cos(angle / 2)), which is the identity once its length is divided out.
     static GeQuaternion3<T> makeRotation( const GeVector3<T>& axis, T angle );
+    /// @}
 
+    /// @name Access
+    /// One component; any value is allowed.
+    /// @{
     T getX() const;
     T getY() const;
     T getZ() const;
@@ -86,15 +94,22 @@ public:
     void setY( T y );
     void setZ( T z );
     void setW( T w );
+    /// @}
 
-    /// Components compared in order x, y, z, w; -0 equals 0, NaN equals nothing. The same as isEqualExact(). q and -q
-    /// differ here although they are one rotation.
+    /// @name Comparison
+    /// == and isEqualExact() are the same: components compared in order x, y, z, w; -0 equals 0, NaN equals nothing. q
+    /// and -q differ here although they are one rotation. != is the exact negation of ==.
+    /// @{
     bool operator==( const GeQuaternion3<T>& other ) const;
     bool operator!=( const GeQuaternion3<T>& other ) const;
     bool isEqualExact( const GeQuaternion3<T>& other ) const;
     /// Each component within the tolerance, strictly: |a - b| < tolerance.
     bool isEqual( const GeQuaternion3<T>& other, T tolerance ) const;
+    /// @}
 
+    /// @name Arithmetic
+    /// Component by component, but for the product of two quaternions. The assigning forms return this quaternion.
+    /// @{
     GeQuaternion3<T> operator+( const GeQuaternion3<T>& other ) const;
     GeQuaternion3<T> operator-( const GeQuaternion3<T>& other ) const;
     GeQuaternion3<T> operator-() const;
@@ -104,23 +119,41 @@ public:
     GeQuaternion3<T>& operator*=( T factor );
     /// The Hamilton product: the rotation `other`, followed by this one.
     GeQuaternion3<T> operator*( const GeQuaternion3<T>& other ) const;
+    /// Becomes the Hamilton product of this and `other`.
     GeQuaternion3<T>& operator*=( const GeQuaternion3<T>& other );
+    /// @}
+
+    /// @name Queries
+    /// @{
+
     /// x1 x2 + y1 y2 + z1 z2 + w1 w2, summed from left to right. For unit quaternions the cosine of half the angle
     /// between the rotations, negative when one of the two has to change its sign to be the nearer one.
     T dot( const GeQuaternion3<T>& other ) const;
     /// The *squared* length x^2 + y^2 + z^2 + w^2, whatever the name suggests.
     T getMagnitude() const;
+    /// @}
+
+    /// @name Normalisation and inverse
+    /// @{
+
     /// Divides by the length: one reciprocal, four multiplications. A squared length of exactly 0 changes nothing.
     void normalize();
     /// (-x, -y, -z, w): the inverse of a unit quaternion.
     GeQuaternion3<T> computeConjugate() const;
     /// The conjugate divided by the squared length; an unchanged copy when that is exactly 0.
     GeQuaternion3<T> computeInverse() const;
+    /// @}
 
-    /// Turns a vector, or a point about the origin. A quaternion of any length but 0 turns without scaling; zero
-    /// leaves everything where it is.
+    /// @name Turning
+    /// Turns a vector, or a point about the origin. A quaternion of any length but 0 turns without scaling; zero leaves
+    /// everything where it is.
+    /// @{
     GeVector3<T> operator*( const GeVector3<T>& v ) const;
     GePoint3<T> operator*( const GePoint3<T>& p ) const;
+    /// @}
+
+    /// @name Conversion
+    /// @{
 
     /// The axis, of unit length, and the angle, in [0, 2 pi]. makeRotation() makes the same quaternion of them, its sign
     /// included, at unit length. Where the vector part is zero, or so small that its square is, the axis is (1, 0, 0).
@@ -130,13 +163,18 @@ public:
     /// plain rotation. Reports "s != 0" when m is so far from a rotation that the root it divides by is 0, and after
     /// that "m44 != 0"; the quaternion is unchanged in both cases. The root of a negative number makes NaN.
     void setMatrix( const GeLinearMatrix3<T>& m, T m44 = T( 1 ) );
-    /// The rotation matrix, which acts on column vectors. The affine and the projective matrix hold the same block; the
-    /// rest is that of the identity.
+    /// The rotation matrix, which acts on column vectors.
     void getMatrix( GeLinearMatrix3<T>& m ) const;
+    /// The same block; the rest is that of the identity.
     void getMatrix( GeAffineMatrix3<T>& m ) const;
+    /// The same block; the rest is that of the identity.
     void getMatrix( GeProjectiveMatrix3<T>& m ) const;
     /// The matrix of getMatrix() as a rotation.
     GeRotation3<T> getRotation() const;
+    /// @}
+
+    /// @name Euler angles
+    /// @{
 
     /// Packs a convention. The three flags must be 0 or 1; reports "0 <= innerAxis && innerAxis <= 2".
     static EulerConvention makeEulerConvention( int innerAxis, int parity, int repetition, int frame );
@@ -160,6 +198,10 @@ public:
     /// count as one: a3 of a static and a1 of a rotating convention comes back 0 and the other one carries both turns.
     /// The rotation that they make then differs from m by up to 0.0032 in an element, and only by rounding at the pole.
     static void matrixToEuler( const GeLinearMatrix3<T>& m, EulerConvention c, T& a1, T& a2, T& a3 );
+    /// @}
+
+    /// @name Aiming
+    /// @{
 
     /// Becomes the shortest rotation that carries v into the plane (parallel to it: its offset plays no part). For v
     /// along the normal, within the default tolerance of FloatUtil::isEqual on the cosine, that is a quarter turn about
@@ -170,6 +212,10 @@ public:
     /// default tolerance: directions closer than 1.4e-3 (double: 4.5e-4) give the identity, and as nearly opposite ones
     /// a half turn about some perpendicular of `from`, whose w is -4.4e-8 instead of 0.
     void aim( const GeVector3<T>& from, const GeVector3<T>& to );
+    /// @}
+
+    /// @name Interpolation
+    /// @{
 
     /// For the unit quaternion along q = (v, w): (v sin(a) / a, cos(a)) with a the length of v. The scale of q plays no
     /// part, and so exp( log( q ) ) is *not* q: log gives a pure vector, whose length exp divides out. Undo log() with
@@ -202,6 +248,10 @@ public:
     static GeQuaternion3<T> bisect( const GeQuaternion3<T>& q1, const GeQuaternion3<T>& q2 );
     /// p mirrored about the unit quaternion q: as far beyond q as p is before it.
     static GeQuaternion3<T> doub( const GeQuaternion3<T>& p, const GeQuaternion3<T>& q );
+    /// @}
+
+    /// @name Text
+    /// @{
 
     /// Feeds the items of the text form to `out` with <<: characters, literals and numbers. See docs/textForms.md.
     template <class Out>
@@ -211,6 +261,7 @@ public:
     /// Reads the text form; white space is accepted before every item. On any failure the quaternion is unchanged and
     /// failbit is set; the characters that were consumed are gone.
     std::istream& read( std::istream& is );
+    /// @}
 
 private:
     T _x;
@@ -219,10 +270,13 @@ private:
     T _w;
 };
 
+/// The same as q * factor.
 template <class T>
 GeQuaternion3<T> operator*( T factor, const GeQuaternion3<T>& q );
+/// Writes the text form, as dump() does.
 template <class T>
 std::ostream& operator<<( std::ostream& os, const GeQuaternion3<T>& q );
+/// Reads the text form, as read() does.
 template <class T>
 std::istream& operator>>( std::istream& is, GeQuaternion3<T>& q );
 

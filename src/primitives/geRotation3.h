@@ -21,6 +21,9 @@ template <class T>
 class ZQ_PRIMITIVES_API GeRotation3
 {
 public:
+    /// @name Construction
+    /// @{
+
     /// The identity.
     GeRotation3();
     /// Trusts that the matrix is a rotation; nothing is checked.
@@ -30,7 +33,9 @@ public:
     /// counter-clockwise for an eye that the axis points at. A zero axis gives the identity. After O. Rodrigues, Des lois
     /// geometriques qui regissent les deplacements d'un systeme solide, 1840.
     static GeRotation3<T> makeRotation( const GeVector3<T>& axis, T angle );
+    /// @}
 
+    /// @name Frames
     /// The three builders below make a right-handed frame of three basis vectors. Axes are numbered 0, 1, 2 for x, y, z.
     /// asRows true: basis vector i is row i, and the rotation carries the basis to the coordinate axes, as a view does
     /// whose z axis is the direction from its target back to the eye.
@@ -41,6 +46,7 @@ public:
     /// a basis vector of length 0 or NaN; one whose squared length leaves the range of T fails the check of trusted
     /// unit vectors, "FloatUtil::isEqual( length(), static_cast<T>(1.0) )" (src/primitives/geVector3.inline, line 525).
     /// Whatever is not reported is orthonormal within the default tolerance of FloatUtil::isEqual.
+    /// @{
 
     /// Basis vector `aimAxis` is the direction, the other two are chosen; the choice jumps where another component of
     /// the direction becomes its smallest. A zero direction counts as (0, 0, -1).
@@ -62,20 +68,38 @@ public:
     /// Reports "nbPoints >= 3", then "points != 0", then "len > 0" for a polygon without area, then what the builder
     /// from a direction and up reports of the axes.
     static GeRotation3<T> aim( int nbPoints, const GePoint3<T>* points, int aimAxis, int planeAxis, bool asRows );
+    /// @}
 
+    /// @name Conversion
+    /// @{
+
+    /// The rotation as the matrix that it holds, without a copy.
     operator const GeLinearMatrix3<T>&() const; // NOLINT(google-explicit-constructor): a rotation is a matrix
+    /// The same by name.
     const GeLinearMatrix3<T>& getMatrix() const;
+    /// @}
+
+    /// @name Access
+    /// @{
+
     /// Rows and columns 0 to 2; any other index is undefined.
     T operator()( int row, int column ) const;
+    /// @}
 
-    /// Element by element, as in GeLinearMatrix3.
+    /// @name Comparison
+    /// As for GeLinearMatrix3: == and isEqualExact() compare exactly, isEqual() takes each element within the
+    /// tolerance, strictly. != is the exact negation of ==.
+    /// @{
     bool operator==( const GeRotation3<T>& other ) const;
     bool operator!=( const GeRotation3<T>& other ) const;
     bool isEqualExact( const GeRotation3<T>& other ) const;
     bool isEqual( const GeRotation3<T>& other, T tolerance ) const;
+    /// @}
 
-    /// This times the operand: the operand acts first. For a matrix or a rotation on the left, its own product with a
+    /// @name Arithmetic
+    /// This times the operand, which acts first. For a matrix or a rotation on the left, its own product with a
     /// GeLinearMatrix3 serves.
+    /// @{
     GeRotation3<T> operator*( const GeRotation3<T>& other ) const;
     GeRotation3<T>& operator*=( const GeRotation3<T>& other );
     GeLinearMatrix3<T> operator*( const GeLinearMatrix3<T>& m ) const;
@@ -83,20 +107,30 @@ public:
     GeVector3<T> operator*( const GeVector3<T>& v ) const;
     /// Turns the point about the origin.
     GePoint3<T> operator*( const GePoint3<T>& p ) const;
+    /// @}
+
+    /// @name Queries
+    /// @{
 
     /// The transpose.
     GeRotation3<T> computeInverse() const;
+    /// @}
+
+    /// @name Text
+    /// @{
 
     /// Feeds the items of the text form to `out` with <<: characters, literals and numbers. See docs/textForms.md.
     template <class Out>
     void writeText( Out& out ) const;
     /// Writes the text form, three lines.
     std::ostream& dump( std::ostream& os ) const;
+    /// @}
 
 private:
     GeLinearMatrix3<T> _matrix;
 };
 
+/// Writes the text form, as dump() does.
 template <class T>
 std::ostream& operator<<( std::ostream& os, const GeRotation3<T>& r );
 

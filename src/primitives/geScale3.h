@@ -22,45 +22,66 @@ template <class T>
 class ZQ_PRIMITIVES_API GeScale3
 {
 public:
-    GeScale3( T x, T y, T z );
-    explicit GeScale3( const GeVector3<T>& factors );
+    /// @name Construction
+    /// @{
 
+    /// From three numbers, stored as they are.
+    GeScale3( T x, T y, T z );
+    /// From the factors.
+    explicit GeScale3( const GeVector3<T>& factors );
+    /// @}
+
+    /// @name Access
+    /// The three factors, one by one or together.
+    /// @{
     T getX() const;
     T getY() const;
     T getZ() const;
-    /// The three factors.
     const GeVector3<T>& getVector() const;
+    /// @}
 
-    /// Factors compared in order x, y, z; -0 equals 0, NaN equals nothing. The same as isEqualExact().
+    /// @name Comparison
+    /// == and isEqualExact() are the same: factors compared in order x, y, z; -0 equals 0, NaN equals nothing. != is
+    /// the exact negation of ==.
+    /// @{
     bool operator==( const GeScale3<T>& other ) const;
     bool operator!=( const GeScale3<T>& other ) const;
     bool isEqualExact( const GeScale3<T>& other ) const;
     /// Each factor within the tolerance, strictly: |a - b| < tolerance. See FloatUtil::isEqual.
     bool isEqual( const GeScale3<T>& other, T tolerance ) const;
+    /// @}
 
-    /// This times the matrix: rows are scaled, the translation with them.
+    /// @name Arithmetic
+    /// operator* is this times the matrix: rows are scaled, the translation with them. mulOnRight() is the matrix times
+    /// this: columns 0 to 2 are scaled, a translation remains. mulOnRightAssign() puts that product in place of m and
+    /// returns m.
+    /// @{
     GeLinearMatrix3<T> operator*( const GeLinearMatrix3<T>& m ) const;
     GeAffineMatrix3<T> operator*( const GeAffineMatrix3<T>& m ) const;
     GeProjectiveMatrix3<T> operator*( const GeProjectiveMatrix3<T>& m ) const;
-    /// The matrix times this: columns 0 to 2 are scaled, a translation remains.
     GeLinearMatrix3<T> mulOnRight( const GeLinearMatrix3<T>& m ) const;
     GeAffineMatrix3<T> mulOnRight( const GeAffineMatrix3<T>& m ) const;
     GeProjectiveMatrix3<T> mulOnRight( const GeProjectiveMatrix3<T>& m ) const;
-    /// Replaces m by m times this and returns it.
     GeLinearMatrix3<T>& mulOnRightAssign( GeLinearMatrix3<T>& m ) const;
     GeAffineMatrix3<T>& mulOnRightAssign( GeAffineMatrix3<T>& m ) const;
     GeProjectiveMatrix3<T>& mulOnRightAssign( GeProjectiveMatrix3<T>& m ) const;
+    /// @}
+
+    /// @name Text
+    /// @{
 
     /// Feeds the items of the text form to `out` with <<: characters, literals and numbers. See docs/textForms.md.
     template <class Out>
     void writeText( Out& out ) const;
     /// Writes the text form; no line end.
     std::ostream& dump( std::ostream& os ) const;
+    /// @}
 
 private:
     GeVector3<T> _factors;
 };
 
+/// Writes the text form, as dump() does.
 template <class T>
 std::ostream& operator<<( std::ostream& os, const GeScale3<T>& s );
 

@@ -101,9 +101,13 @@ void GeShaft::initialize( const GeAlignedBox3<float>& box1, const GeAlignedBox3<
 
     _nbPlanes = 0;
     for ( int i = 0; i < NB_FACES; ++i )
+    {
         for ( int j = 0; j < NB_FACES; ++j )
+        {
             if ( outer1[i] && outer2[j] && i % 3 != j % 3 )
                 addPlane( i, j );
+        }
+    }
     Detail::checkNbPlanes( _nbPlanes );
 }
 
@@ -187,8 +191,10 @@ bool GeShaft::isEqualExact( const GeShaft& other ) const
              _extentBox.isEqualExact( other._extentBox ) && _nbPlanes == other._nbPlanes ) )
         return false;
     for ( int i = 0; i < _nbPlanes; ++i )
+    {
         if ( !_planeSet[i].isEqualExact( other._planeSet[i] ) )
             return false;
+    }
     return true;
 }
 
@@ -198,8 +204,10 @@ bool GeShaft::isEqual( const GeShaft& other, float tolerance ) const
              _extentBox.isEqual( other._extentBox, tolerance ) && _nbPlanes == other._nbPlanes ) )
         return false;
     for ( int i = 0; i < _nbPlanes; ++i )
+    {
         if ( !_planeSet[i].isEqual( other._planeSet[i], tolerance ) )
             return false;
+    }
     return true;
 }
 
@@ -210,8 +218,10 @@ bool GeShaft::contains( const GePoint3<float>& point ) const
     if ( _refBox1.contains( point ) || _refBox2.contains( point ) )
         return true;
     for ( int i = 0; i < _nbPlanes; ++i )
+    {
         if ( !( computeValueXZY( _planeSet[i], point ) < 0 ) )
             return false;
+    }
     return true;
 }
 
@@ -222,8 +232,10 @@ bool GeShaft::containsExclude( const GePoint3<float>& point ) const
     if ( _refBox1.containsExclude( point ) || _refBox2.containsExclude( point ) )
         return true;
     for ( int i = 0; i < _nbPlanes; ++i )
+    {
         if ( !( computeValueXZY( _planeSet[i], point ) <= 0 ) )
             return false;
+    }
     return true;
 }
 

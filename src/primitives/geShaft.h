@@ -37,32 +37,51 @@ namespace Zq
 class ZQ_PRIMITIVES_API GeShaft
 {
 public:
+    /// The most planes that a shaft can have.
     enum
     {
         NB_MAX_PLANES = 8
     };
 
+    /// @name Construction
+    /// @{
+
     /// Not initialised: the three boxes are empty and there are no planes. No point is contained, and every box is
     /// OUTSIDE but one that holds all numbers: overlaps() answers CONTAIN where each interval reaches from the lowest
     /// finite number or below to the largest or above, overlapsExclude() where each goes beyond both.
     GeShaft();
+    /// The shaft between two boxes, as initialize() builds it.
     GeShaft( const GeAlignedBox3<float>& box1, const GeAlignedBox3<float>& box2 );
 
     /// Builds the shaft between two boxes, whatever was there before; they may be boxes of this shaft. Reports
     /// "nbPlanes <= 8" if there were more planes than can be.
     void initialize( const GeAlignedBox3<float>& box1, const GeAlignedBox3<float>& box2 );
+    /// @}
 
-    /// The two boxes, widened.
+    /// @name Access
+    /// @{
+
+    /// The first box, widened.
     const GeAlignedBox3<float>& getRefBox1() const;
+    /// The second box, widened.
     const GeAlignedBox3<float>& getRefBox2() const;
+    /// The smallest box around both widened boxes.
     const GeAlignedBox3<float>& getExtentBox() const;
     /// The first of the planes; their number, 0 to 8, goes to `nbPlanes`.
     const GePlane3<float>* getPlaneSet( unsigned short& nbPlanes ) const;
+    /// @}
+
+    /// @name Comparison
+    /// @{
 
     /// Boxes, number of planes and planes, slot by slot. The order of the two boxes matters.
     bool isEqualExact( const GeShaft& other ) const;
     /// The same, each bound and each plane component within the tolerance, strictly; see FloatUtil::isEqual.
     bool isEqual( const GeShaft& other, float tolerance ) const;
+    /// @}
+
+    /// @name Queries
+    /// @{
 
     /// Whether a point lies in the closed extent box and either in a closed reference box or at a negative value of
     /// every plane.
@@ -81,10 +100,15 @@ public:
     /// The same with open boxes and closed planes: a box that touches a plane from outside is OVERLAP, or INSIDE when
     /// it is flat and lies in the plane; one that touches it from inside is INSIDE.
     Interval<float>::Containment overlapsExclude( const GeAlignedBox3<float>& box ) const;
-    /// The same for arrays, and much faster: verdict i, a byte with the value of the enumerator, is what the call for
+    /// overlaps() for arrays, and much faster: verdict i, a byte with the value of the enumerator, is what the call for
     /// boxes[i] alone answers. Any count, also 0; no alignment is asked for. The verdicts must not lie within the boxes.
     void overlaps( const GeAlignedBox3<float>* boxes, std::size_t count, unsigned char* verdicts ) const;
+    /// overlapsExclude() for arrays, in the same way.
     void overlapsExclude( const GeAlignedBox3<float>* boxes, std::size_t count, unsigned char* verdicts ) const;
+    /// @}
+
+    /// @name Text
+    /// @{
 
     /// Feeds the items of the text form to `out` with <<: characters, literals and numbers. See docs/textForms.md.
     template <class Out>
@@ -92,6 +116,7 @@ public:
     /// Writes the two reference boxes, the extent box and the planes, a line each, flushed; for a shaft that was not
     /// initialised the line "Uninitialized shaft". A plane that was turned around shows its zero as -0.
     void dump( std::ostream& os ) const;
+    /// @}
 
 private:
     enum Face
@@ -120,8 +145,11 @@ private:
 
 /// The same as isEqualExact().
 bool operator==( const GeShaft& a, const GeShaft& b );
+/// The exact negation of ==.
 bool operator!=( const GeShaft& a, const GeShaft& b );
+/// The same as a.isEqual( b, tolerance ).
 bool isEqual( const GeShaft& a, const GeShaft& b, float tolerance );
+/// Writes the text form, as dump() does.
 std::ostream& operator<<( std::ostream& os, const GeShaft& shaft );
 
 } // namespace Zq

@@ -19,20 +19,39 @@ template <class T>
 class ZQ_PRIMITIVES_API GeSphere3
 {
 public:
+    /// @name Construction
+    /// @{
+
     /// Radius 0 at the origin.
     GeSphere3();
+    /// From a centre and a radius, stored as they are.
     GeSphere3( const GePoint3<T>& center, T radius );
+    /// @}
 
+    /// @name Access
+    /// @{
+
+    /// The centre.
     const GePoint3<T>& getCenter() const;
+    /// The radius, with the sign that it was given.
     T getRadius() const;
+    /// @}
+
+    /// @name Comparison
+    /// @{
 
     /// The same as isEqualExact().
     bool operator==( const GeSphere3<T>& other ) const;
+    /// The exact negation of ==.
     bool operator!=( const GeSphere3<T>& other ) const;
     /// Centre and radius equal; -0 equals 0, NaN equals nothing.
     bool isEqualExact( const GeSphere3<T>& other ) const;
     /// Each coordinate of the centre and the radius within their tolerances, strictly; see FloatUtil::isEqual.
     bool isEqual( const GeSphere3<T>& other, T centreTolerance, T radiusTolerance ) const;
+    /// @}
+
+    /// @name Queries
+    /// @{
 
     /// Where the line origin + t * direction enters (t0) and leaves (t1) the sphere: t0 <= t1, and the whole line
     /// counts, so that both are negative for a sphere behind the origin. The direction need not have unit length; t is
@@ -52,18 +71,24 @@ public:
     /// origin. For a ray that meets the sphere it is the point above the middle of its way through; when the ray runs
     /// through the very centre, no point is closest and the answer is the centre.
     bool getClosestPoint( const GePoint3<T>& origin, const GeVector3<T>& direction, GePoint3<T>& closest ) const;
+    /// @}
+
+    /// @name Text
+    /// @{
 
     /// Feeds the items of the text form to `out` with <<: characters, literals and numbers. See docs/textForms.md.
     template <class Out>
     void writeText( Out& out ) const;
     /// Writes the text form; no line end.
     std::ostream& dump( std::ostream& os ) const;
+    /// @}
 
 private:
     GePoint3<T> _center;
     T _radius;
 };
 
+/// Writes the text form, as dump() does.
 template <class T>
 std::ostream& operator<<( std::ostream& os, const GeSphere3<T>& sphere );
 

@@ -28,24 +28,45 @@ namespace Zq
 class ZQ_PRIMITIVES_API GeTolerances
 {
 public:
+    /// @name Construction
+    /// @{
+
     /// Length 0.0005, angle 0.0001, fraction 1e-7.
     GeTolerances();
+    /// Copies the tolerances.
     GeTolerances( const GeTolerances& other ) = default;
+    /// Takes over the tolerances.
     GeTolerances& operator=( const GeTolerances& other ) = default;
+    /// @}
 
+    /// @name Access
+    /// Stored as it is given, negative ones and NaN too; with each go the quantities that are derived from it.
+    /// @{
     float getLengthTolerance() const;
     float getAngleTolerance() const;
     float getFractionTolerance() const;
     void setLengthTolerance( float tolerance );
     void setAngleTolerance( float tolerance );
     void setFractionTolerance( float tolerance );
+    /// @}
 
+    /// @name Lengths
+    /// @{
+
+    /// Compares two lengths.
     int compareLength( float a, float b ) const;
     /// Compares two lengths that are given by their squares: a and b themselves differ by at most the tolerance.
     int compareLengthSquared( float aSquared, float bSquared ) const;
+    /// Compares a length with 0.
     int compareLengthToZero( float length ) const;
+    /// Whether a length that is given by its square is at most the tolerance.
     bool lengthSquaredIsZero( float lengthSquared ) const;
+    /// @}
 
+    /// @name Angles
+    /// @{
+
+    /// Compares two angles, as numbers: 0 and 2 pi differ.
     int compareAngle( float a, float b ) const;
     /// Compares two angles from 0 to pi that are given by their cosines: 1 when the first angle is the larger one. The
     /// test is a squared form, without arc cosines. It answers 0 when the angles differ by at most the tolerance and
@@ -58,20 +79,28 @@ public:
     bool cosineIsOne( float cosine ) const;
     /// The angle is a half turn within the tolerance.
     bool cosineIsMinusOne( float cosine ) const;
+    /// @}
+
+    /// @name Fractions
+    /// @{
 
     /// Same when the difference is at most the fraction of the larger magnitude. An infinite operand makes everything
     /// the same: its fraction is infinite too.
     int compareFraction( float a, float b ) const;
     /// Compares two values that are given by their squares: the smaller one is at least (1 - fraction) of the larger.
     int compareFractionSquared( float aSquared, float bSquared ) const;
+    /// @}
 
-    /// The squared distance of the two is at most the squared length tolerance.
+    /// @name Vectors and points
+    /// Whether the squared distance of the two is at most the squared length tolerance.
+    /// @{
     bool sameVector( const GeVector2<float>& a, const GeVector2<float>& b ) const;
     bool sameVector( const GeVector3<float>& a, const GeVector3<float>& b ) const;
     bool samePoint( const GePoint2<float>& a, const GePoint2<float>& b ) const;
     bool samePoint( const GePoint3<float>& a, const GePoint3<float>& b ) const;
     /// Compares the points that the two stand for: each is multiplied by 1 / w first. False when a weight is 0.
     bool sameVector( const GeHomogeneousCoord3<float>& a, const GeHomogeneousCoord3<float>& b ) const;
+    /// @}
 
 private:
     float _length;

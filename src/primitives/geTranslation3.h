@@ -20,46 +20,66 @@ template <class T>
 class ZQ_PRIMITIVES_API GeTranslation3
 {
 public:
-    GeTranslation3( T x, T y, T z );
-    explicit GeTranslation3( const GeVector3<T>& displacement );
+    /// @name Construction
+    /// @{
 
+    /// From three numbers, stored as they are.
+    GeTranslation3( T x, T y, T z );
+    /// From the displacement.
+    explicit GeTranslation3( const GeVector3<T>& displacement );
+    /// @}
+
+    /// @name Access
+    /// The three components of the displacement, one by one or together.
+    /// @{
     T getX() const;
     T getY() const;
     T getZ() const;
-    /// The displacement.
     const GeVector3<T>& getVector() const;
+    /// @}
 
-    /// Components compared in order x, y, z; -0 equals 0, NaN equals nothing. The same as isEqualExact().
+    /// @name Comparison
+    /// == and isEqualExact() are the same: components compared in order x, y, z; -0 equals 0, NaN equals nothing. != is
+    /// the exact negation of ==.
+    /// @{
     bool operator==( const GeTranslation3<T>& other ) const;
     bool operator!=( const GeTranslation3<T>& other ) const;
     bool isEqualExact( const GeTranslation3<T>& other ) const;
     /// Each component within the tolerance, strictly: |a - b| < tolerance. See FloatUtil::isEqual.
     bool isEqual( const GeTranslation3<T>& other, T tolerance ) const;
+    /// @}
 
-    /// This times the matrix: the translation grows by the displacement; a projective matrix gets its row 3, times the
-    /// displacement, added to the rows above.
+    /// @name Arithmetic
+    /// operator* is this times the matrix: the translation grows by the displacement; a projective matrix gets its row
+    /// 3, times the displacement, added to the rows above. mulOnRight() is the matrix times this: the translation grows
+    /// by what the matrix makes of the displacement; only column 3 changes, in a projective matrix all four rows of it.
+    /// mulOnRightAssign() puts that product in place of m and returns m.
+    /// @{
     GeAffineMatrix3<T> operator*( const GeLinearMatrix3<T>& m ) const;
     GeAffineMatrix3<T> operator*( const GeAffineMatrix3<T>& m ) const;
     GeProjectiveMatrix3<T> operator*( const GeProjectiveMatrix3<T>& m ) const;
-    /// The matrix times this: the translation grows by what the matrix makes of the displacement. Only column 3
-    /// changes, in a projective matrix all four rows of it.
     GeAffineMatrix3<T> mulOnRight( const GeLinearMatrix3<T>& m ) const;
     GeAffineMatrix3<T> mulOnRight( const GeAffineMatrix3<T>& m ) const;
     GeProjectiveMatrix3<T> mulOnRight( const GeProjectiveMatrix3<T>& m ) const;
-    /// Replaces m by m times this and returns it.
     GeAffineMatrix3<T>& mulOnRightAssign( GeAffineMatrix3<T>& m ) const;
     GeProjectiveMatrix3<T>& mulOnRightAssign( GeProjectiveMatrix3<T>& m ) const;
+    /// @}
+
+    /// @name Text
+    /// @{
 
     /// Feeds the items of the text form to `out` with <<: characters, literals and numbers. See docs/textForms.md.
     template <class Out>
     void writeText( Out& out ) const;
     /// Writes the text form; no line end.
     std::ostream& dump( std::ostream& os ) const;
+    /// @}
 
 private:
     GeVector3<T> _displacement;
 };
 
+/// Writes the text form, as dump() does.
 template <class T>
 std::ostream& operator<<( std::ostream& os, const GeTranslation3<T>& t );
 

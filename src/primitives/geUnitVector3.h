@@ -27,33 +27,59 @@ template <class T>
 class ZQ_PRIMITIVES_API GeUnitVector3
 {
 public:
+    /// @name Construction
+    /// @{
+
     /// The zero vector, to be assigned later.
     GeUnitVector3();
     /// Normalises. Reports "len > 0" (src/primitives/geVector3.inline, line 496) for a zero length and for NaN.
     GeUnitVector3( T x, T y, T z );
+    /// Normalises, with the same report.
     explicit GeUnitVector3( const GeVector3<T>& vector );
     /// Stores the components as they are. Reports "FloatUtil::isEqual( length(), static_cast<T>(1.0) )"
     /// (src/primitives/geVector3.inline, line 525) unless they have unit length within the default tolerance.
     GeUnitVector3( T x, T y, T z, GeTrusted );
+    /// @}
 
+    /// @name Conversion
+    /// @{
+
+    /// The direction as the vector that it holds, without a copy.
     operator const GeVector3<T>&() const; // NOLINT(google-explicit-constructor): a unit vector is a vector
+    /// @}
 
+    /// @name Access
+    /// The components; there is no way to set one alone.
+    /// @{
     T getX() const;
     T getY() const;
     T getZ() const;
     /// Component 0, 1 or 2; any other index is undefined.
     T operator[]( int index ) const;
+    /// @}
 
+    /// @name Comparison
+    /// As for GeVector3: == and isEqualExact() compare exactly, isEqual() takes each component within the tolerance,
+    /// strictly. != is the exact negation of ==.
+    /// @{
     bool operator==( const GeUnitVector3<T>& other ) const;
     bool operator!=( const GeUnitVector3<T>& other ) const;
     bool isEqualExact( const GeUnitVector3<T>& other ) const;
     bool isEqual( const GeUnitVector3<T>& other, T tolerance ) const;
+    /// @}
 
+    /// @name Arithmetic
+    /// As for GeVector3. Only the opposite direction is known to have unit length; everything else is a vector.
+    /// @{
     GeUnitVector3<T> operator-() const;
     GeVector3<T> operator+( const GeVector3<T>& other ) const;
     GeVector3<T> operator-( const GeVector3<T>& other ) const;
     GeVector3<T> operator*( T factor ) const;
+    /// @}
 
+    /// @name Queries
+    /// length(), dot() and cross() are those of GeVector3; the length is worked out, and 1 but for rounding.
+    /// @{
     T length() const;
     T dot( const GeVector3<T>& other ) const;
     GeVector3<T> cross( const GeVector3<T>& other ) const;
@@ -63,6 +89,10 @@ public:
     GeVector3<T> computeReflection( const GeUnitVector3<T>& normal, T& cosine ) const;
     /// The angle between two directions in radians, 0 to pi: the arc cosine of their dot product, limited to [-1, 1].
     T computeAngle( const GeUnitVector3<T>& other ) const;
+    /// @}
+
+    /// @name Text
+    /// @{
 
     /// Feeds the items of the text form to `out` with <<: characters, literals and numbers. See docs/textForms.md.
     template <class Out>
@@ -72,6 +102,7 @@ public:
     /// Reads the text form of any vector and normalises it: (3, 0, 4) becomes (0.6, 0, 0.8). A zero vector is read
     /// without complaint and leaves the direction as it was. On failure the direction is unchanged and failbit is set.
     std::istream& read( std::istream& is );
+    /// @}
 
 private:
     // For components that are known to be of unit length because they come from a unit vector.
@@ -83,10 +114,13 @@ private:
     GeVector3<T> _vector;
 };
 
+/// The same as v * factor.
 template <class T>
 GeVector3<T> operator*( T factor, const GeUnitVector3<T>& v );
+/// Writes the text form, as dump() does.
 template <class T>
 std::ostream& operator<<( std::ostream& os, const GeUnitVector3<T>& v );
+/// Reads the text form, as read() does.
 template <class T>
 std::istream& operator>>( std::istream& is, GeUnitVector3<T>& v );
 

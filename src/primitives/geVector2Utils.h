@@ -13,6 +13,9 @@ class ZQ_PRIMITIVES_API GeVector2Utils
 public:
     GeVector2Utils() = delete;
 
+    /// @name Queries
+    /// @{
+
     /// The squared distance from p to the segment between a and b, its ends included, or, with `infiniteLine`, to the
     /// whole line through a and b. Where a and b coincide, or the square of their distance underflows to 0, it is the
     /// squared distance from p to a with either flag.
@@ -21,6 +24,7 @@ public:
     /// error is of the order of epsilon times the squared distance from p to a, so a far away makes it large. Points
     /// that are not finite follow the arithmetic, without a report.
     static T distanceSquaredFromPointToLineSegment( GePoint2<T> p, GePoint2<T> a, GePoint2<T> b, bool infiniteLine );
+    /// @}
 };
 
 extern template class GeVector2Utils<float>;

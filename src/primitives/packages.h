@@ -16,14 +16,17 @@ namespace Zq
 namespace ZqInit
 {
 
+/// The colour classes.
 class ZQ_TEMPLATE_API color
 {
 };
 
+/// The geometry classes.
 class ZQ_TEMPLATE_API geometry
 {
 };
 
+/// The library as a whole.
 class ZQ_TEMPLATE_API primitives
 {
 };

@@ -18,14 +18,23 @@ template <class T>
 class ZQ_TEMPLATE_API RnRng
 {
 public:
-    // The order of these two is part of the binary interface.
+    /// @name Slots
+    /// The order of these two is part of the binary interface.
+    /// @{
+
     /// The next number, uniform in [0, 1].
     virtual T operator()() = 0;
+    /// Generators are deleted through this class, too.
     virtual ~RnRng();
+    /// @}
 
+    /// @name Construction
+    /// There is nothing to set up or to copy here.
+    /// @{
     RnRng() = default;
     RnRng( const RnRng& ) = default;
     RnRng& operator=( const RnRng& ) = default;
+    /// @}
 };
 
 template <class T>

@@ -3,7 +3,20 @@
 
 #include "forward.h"
 
-#include <functional>
+#include <cstddef>
+
+// std::unary_function left the standard with C++17, but not every standard library. <functional> is its home and costs a
+// client 14,000 lines; GNU's library has it beside std::less, which <set> needs as a default.
+#if defined( __GLIBCXX__ )
+#    include <set>
+#    define ZQ_HAS_UNARY_FUNCTION 1
+#elif ( defined( _HAS_AUTO_PTR_ETC ) && _HAS_AUTO_PTR_ETC ) ||                                                         \
+    ( defined( _LIBCPP_VERSION ) && defined( _LIBCPP_ENABLE_CXX17_REMOVED_UNARY_BINARY_FUNCTION ) )
+#    include <functional>
+#    define ZQ_HAS_UNARY_FUNCTION 1
+#else
+#    define ZQ_HAS_UNARY_FUNCTION 0
+#endif
 
 namespace Zq
 {
@@ -11,10 +24,9 @@ namespace Zq
 namespace Detail
 {
 
-// std::unary_function left the standard with C++17, but not every standard library; where it is gone, an equivalent
-// empty base with the same two member types takes its place. The deprecation is silenced here and nowhere else.
-#if defined( __GLIBCXX__ ) || ( defined( _HAS_AUTO_PTR_ETC ) && _HAS_AUTO_PTR_ETC ) ||                                 \
-    ( defined( _LIBCPP_VERSION ) && defined( _LIBCPP_ENABLE_CXX17_REMOVED_UNARY_BINARY_FUNCTION ) )
+// Where the standard library has no std::unary_function, an equivalent empty base with the same two member types takes its
+// place. The deprecation is silenced here and nowhere else.
+#if ZQ_HAS_UNARY_FUNCTION
 
 #    if defined( __GNUC__ )
 #        pragma GCC diagnostic push
@@ -38,6 +50,7 @@ struct ZQ_TEMPLATE_API UnaryFunctorBase
 };
 
 #endif
+#undef ZQ_HAS_UNARY_FUNCTION
 
 } // namespace Detail
 
@@ -54,13 +67,23 @@ template <class Arg, class Result>
 class ZQ_TEMPLATE_API UnaryFunctor : public Detail::UnaryFunctorBase<Arg, Result>
 {
 public:
-    // The order of these two is part of the binary interface.
-    virtual ~UnaryFunctor();
-    virtual Result operator()( const Arg& argument ) = 0;
+    /// @name Slots
+    /// The order of these two is part of the binary interface.
+    /// @{
 
+    /// Functors are deleted through this class, too.
+    virtual ~UnaryFunctor();
+    /// Takes one value; what the result means is up to the caller, but for bool: false says stop.
+    virtual Result operator()( const Arg& argument ) = 0;
+    /// @}
+
+    /// @name Construction
+    /// There is nothing to set up or to copy here.
+    /// @{
     UnaryFunctor() = default;
     UnaryFunctor( const UnaryFunctor& ) = default;
     UnaryFunctor& operator=( const UnaryFunctor& ) = default;
+    /// @}
 };
 
 template <class Arg, class Result>

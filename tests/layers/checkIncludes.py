@@ -70,6 +70,13 @@ def check_library(file, given):
     check(target.parts[1] in (file.parts[1], "base"), file, given, "folders meet in base alone")
 
 
+def check_helpers(file):
+    """Helpers of a class that have external linkage merge with those of the same name in another file, in silence."""
+    if file.suffix in (".imp", ".cpp") and (ROOT / file.with_suffix(".cpp")).is_file():
+        if re.search(r"^namespace Detail", (ROOT / file).read_text(), re.M):
+            failures.append(f"{file}: what one class alone uses stands in an unnamed namespace")
+
+
 def check_client(file, given):
     named = re.match("<zq/(.*)>", given)
     check(named or not re.search(r"\b(src|base|resmgt|color|primitives)/.*\.(h|imp|inline|cpp)\W$", given), file, given,
@@ -82,6 +89,8 @@ def check_client(file, given):
 owner, reachable = read_groups()
 for file, given in read_includes("src"):
     check_library(file, given)
+for file in sorted((ROOT / "src").glob("*/*")):
+    check_helpers(file.relative_to(ROOT))
 for folder in ("tests", "tools", "examples", "figures", "benchmarks"):
     for file, given in read_includes(folder):
         check_client(file, given)

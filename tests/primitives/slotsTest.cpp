@@ -5,6 +5,9 @@
 #include <zq/base/trace.h>
 #include <zq/primitives/geBezier3FaceBuilder.h>
 #include <zq/primitives/geLineFaceBuilder.h>
+#include <zq/primitives/unaryFunctor.h>
+
+#include <functional>
 
 // Virtual operations are called by their slot, from programs that were compiled long ago: the order is a contract.
 // Read here out of pointers to members, as the Itanium ABI lays them out.
@@ -43,6 +46,20 @@ ZQ_TWIN_TEST( Slots, OfServicesAndFaceBuilders )
     expectSlots( 2, &Bezier::beginFace, &Bezier::beginContour, &Bezier::addLine, &Bezier::addBezier3,
         &Bezier::endContour, &Bezier::endFace );
 }
+
+#    if defined( __GLIBCXX__ )
+#        pragma GCC diagnostic push
+#        pragma GCC diagnostic ignored "-Wdeprecated-declarations"
+TEST( Slots, FunctorsHaveTheBaseOfTheStandardLibrary )
+{
+    using Functor = UnaryFunctor<GePoint3<float>, bool>;
+    static_assert( std::is_base_of_v<std::unary_function<GePoint3<float>, bool>, Functor> );
+    static_assert( std::is_same_v<Functor::argument_type, GePoint3<float>> );
+    static_assert( sizeof( Functor ) == sizeof( void* ), "the base is empty" );
+    expectSlots( 2, &Functor::operator() );
+}
+#        pragma GCC diagnostic pop
+#    endif
 
 } // namespace
 #endif
