@@ -6,8 +6,8 @@
 #include "meshFile.h"
 #include "options.h"
 #include "outputFiles.h"
-#include "pictures.h"
-#include "pngEncoder.h"
+#include "cullMeshPictures.h"
+#include "pngFile.h"
 #include "progressLine.h"
 #include "report.h"
 #include "teapot.h"
@@ -99,8 +99,8 @@ int run( const Options& options )
     if ( options.hasPictures )
     {
         const Shot shot = { mesh, clusters, report.cameras.front(), verdicts, report.tally };
-        files.push_back( { options.viewFile, Examples::encodePng( drawView( shot ) ) } );
-        files.push_back( { options.sceneFile, Examples::encodePng( drawScene( shot ) ) } );
+        files.push_back( { options.viewFile, Figures::encodePng( drawView( shot ) ) } );
+        files.push_back( { options.sceneFile, Figures::encodePng( drawScene( shot ) ) } );
     }
     if ( !options.jsonFile.empty() )
     {
