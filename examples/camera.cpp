@@ -34,8 +34,8 @@ static void answer()
         GeCameraBuilder<float>::makePerspective( 0.8F, 1, 20, static_cast<float>( width ) / height );
     const GeProjectiveMatrix3<float> toClip = projection * view;
 
-    for ( const GePoint3<float>& point :
-        { GePoint3<float>( 0, 0, 0 ), GePoint3<float>( 0, 0, 1 ), GePoint3<float>( 4, 3, 0 ), GePoint3<float>( 6, -8, 4 ) } )
+    for ( const GePoint3<float>& point : { GePoint3<float>( 0, 0, 0 ), GePoint3<float>( 0, 0, 1 ),
+              GePoint3<float>( 2, 1.5F, 0 ), GePoint3<float>( 6, -8, 4 ) } )
     {
         const GeHomogeneousCoord3<float> clip =
             toClip * GeHomogeneousCoord3<float>( point.getX(), point.getY(), point.getZ(), 1 );

@@ -51,9 +51,9 @@ static void answer()
         { GePoint3<float>( 0, 0, 3 ), GePoint3<float>( 3, 0, 0.1F ), GePoint3<float>( 1, 0, -3 ) } )
     {
         std::cout << "from " << eye
-                  << ( cones.isBehind( eye )             ? " only backs: not to be drawn\n"
-                             : cones.isInFront( eye )    ? " only fronts\n"
-                                                         : " perhaps both\n" );
+                  << ( cones.isBehind( eye )          ? " only backs: not to be drawn\n"
+                             : cones.isInFront( eye ) ? " only fronts\n"
+                                                      : " perhaps both\n" );
     }
 }
 

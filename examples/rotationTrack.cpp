@@ -32,7 +32,8 @@ static Rotation makeControl( const Rotation& previous, const Rotation& key, cons
 static void answer()
 {
     const GePoint3<double> eye( 0, 0, 5 );
-    Rotation keys[4] = { aim( eye, { -4, 0, 0 } ), aim( eye, { 0, 2, 0 } ), aim( eye, { 1, 0, 0 } ), aim( eye, { 6, 0, 2 } ) };
+    Rotation keys[4] = {
+        aim( eye, { -4, 0, 0 } ), aim( eye, { 0, 2, 0 } ), aim( eye, { 1, 0, 0 } ), aim( eye, { 6, 0, 2 } ) };
     for ( int i = 1; i < 4; ++i )
     {
         // q and -q are one rotation: take the one that is nearer to the key before

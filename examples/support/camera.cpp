@@ -18,8 +18,8 @@ GeAffineMatrix3<T> makeView( const Camera& camera )
     // Looking straight up or down, another axis takes the part of the upward direction.
     const GeVector3<T> upward( camera.up );
     const bool isSteep = upward.cross( back ).length() < static_cast<T>( 1e-3 ) * upward.length();
-    const GeVector3<T> other = std::abs( camera.up.getY() ) > std::abs( camera.up.getZ() ) ? GeVector3<T>( 0, 0, 1 )
-                                                                                           : GeVector3<T>( 0, 1, 0 );
+    const GeVector3<T> other =
+        std::abs( camera.up.getY() ) > std::abs( camera.up.getZ() ) ? GeVector3<T>( 0, 0, 1 ) : GeVector3<T>( 0, 1, 0 );
     const GeUnitVector3<T> right( ( isSteep ? other : upward ).cross( back ) );
     const GeUnitVector3<T> up( back.cross( right ) );
 

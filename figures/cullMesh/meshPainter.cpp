@@ -25,8 +25,8 @@ MeshPainter::MeshPainter( const Mesh& mesh ) : _mesh( mesh )
     }
 }
 
-void MeshPainter::paint( Figures::Scene& scene, const Cluster& cluster, const Figures::Color& color, float gloss,
-    bool hasBackFaces ) const
+void MeshPainter::paint(
+    Figures::Scene& scene, const Cluster& cluster, const Figures::Color& color, float gloss, bool hasBackFaces ) const
 {
     const GePoint3<double> eye( scene.getEye() );
     const TriangleRange& range = cluster.triangles;
@@ -36,8 +36,7 @@ void MeshPainter::paint( Figures::Scene& scene, const Cluster& cluster, const Fi
         const GeVector3<double> toEye = eye - GePoint3<double>( _mesh.points[triangle[0]] );
         if ( hasBackFaces || toEye.dot( computeAreaVector( _mesh, triangle ) ) > 0 )
         {
-            scene.drawTriangle(
-                { _corners[triangle[0]], _corners[triangle[1]], _corners[triangle[2]] }, color, gloss );
+            scene.drawTriangle( { _corners[triangle[0]], _corners[triangle[1]], _corners[triangle[2]] }, color, gloss );
         }
     }
 }

@@ -208,8 +208,7 @@ std::vector<LegendRow> makeLegend( const Shot& shot )
         makeRow( palette.inside, "drawn", withCone, tally ) };
     if ( tally.visibleWithoutCone.clusters > 0 )
     {
-        rows.push_back(
-            makeRow( palette.unsure, "drawn: its cone is not usable", tally.visibleWithoutCone, tally ) );
+        rows.push_back( makeRow( palette.unsure, "drawn: its cone is not usable", tally.visibleWithoutCone, tally ) );
     }
     return rows;
 }

@@ -20,8 +20,7 @@ std::size_t countDifferences( const Canvas& a, const Canvas& b, const Area& area
     std::size_t count = 0;
     for ( std::size_t i = 0; i < bytesA.size(); i += 3 )
     {
-        const bool isSame =
-            bytesA[i] == bytesB[i] && bytesA[i + 1] == bytesB[i + 1] && bytesA[i + 2] == bytesB[i + 2];
+        const bool isSame = bytesA[i] == bytesB[i] && bytesA[i + 1] == bytesB[i + 1] && bytesA[i + 2] == bytesB[i + 2];
         count += isSame ? 0U : 1U;
     }
     return count;

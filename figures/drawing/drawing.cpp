@@ -79,7 +79,8 @@ void drawArrow( Canvas& canvas, Spot begin, Spot end, float width, const Color& 
     const float length = std::hypot( end.x - begin.x, end.y - begin.y );
     const Spot along = { ( end.x - begin.x ) / length, ( end.y - begin.y ) / length };
     const float head = 4 + 2.5F * width;
-    const auto barb = [&]( float side ) -> Spot {
+    const auto barb = [&]( float side ) -> Spot
+    {
         return { end.x - head * along.x - side * head * 0.5F * along.y,
             end.y - head * along.y + side * head * 0.5F * along.x };
     };

@@ -22,8 +22,8 @@ void drawHeading( Canvas& canvas, float x, float y, const std::string& title, co
 void drawPlate( Canvas& canvas, const Area& area );
 
 /// Lines of small text below each other; y is the first baseline.
-void drawLines( Canvas& canvas, float x, float y, const std::vector<std::string>& lines, const Color& color,
-    float size = 12 );
+void drawLines(
+    Canvas& canvas, float x, float y, const std::vector<std::string>& lines, const Color& color, float size = 12 );
 /// A line of text about x.
 void drawCentred( Canvas& canvas, float x, float y, float size, const std::string& text, const Color& color );
 /// Lines of text with a thin line from their left or right end to what they are about.

@@ -11,7 +11,8 @@ using Zq::GeVector3;
 
 Studio::Studio( const GePoint3<float>& eye, const GeVector3<float>& right, const GeVector3<float>& up,
     const GeVector3<float>& back, const GeVector3<float>& skyward )
-    : _eye( eye ), _toSky( skyward ), _toLamp( back * 0.75F + up * 0.8F - right * 0.6F ), _toFill( back * 0.3F + up * 0.1F + right * 0.9F )
+    : _eye( eye ), _toSky( skyward ), _toLamp( back * 0.75F + up * 0.8F - right * 0.6F ),
+      _toFill( back * 0.3F + up * 0.1F + right * 0.9F )
 {
 }
 

@@ -50,8 +50,10 @@ void drawPolyline( Canvas& canvas, const std::vector<Spot>& points, float width,
     const Span columns( low.x - reach, high.x + reach, canvas.getWidth() );
     const Span rows( low.y - reach, high.y + reach, canvas.getHeight() );
     const int stride = columns.last - columns.first;
-    std::vector<float> coverage( static_cast<std::size_t>( stride ) * static_cast<std::size_t>( rows.last - rows.first ) );
-    const auto at = [&]( int x, int y ) -> float& {
+    std::vector<float> coverage(
+        static_cast<std::size_t>( stride ) * static_cast<std::size_t>( rows.last - rows.first ) );
+    const auto at = [&]( int x, int y ) -> float&
+    {
         return coverage[static_cast<std::size_t>( y - rows.first ) * static_cast<std::size_t>( stride ) +
             static_cast<std::size_t>( x - columns.first )];
     };
@@ -80,7 +82,8 @@ void drawPolyline( Canvas& canvas, const std::vector<Spot>& points, float width,
     }
 }
 
-void drawDashes( Canvas& canvas, const std::vector<Spot>& points, float width, const Color& color, float dash, float gap )
+void drawDashes(
+    Canvas& canvas, const std::vector<Spot>& points, float width, const Color& color, float dash, float gap )
 {
     // `left` pixels of the dash or of the gap are still to come
     bool isDash = true;
@@ -95,7 +98,8 @@ void drawDashes( Canvas& canvas, const std::vector<Spot>& points, float width, c
         while ( length - done > left )
         {
             done += left;
-            const Spot turn = { from.x + ( to.x - from.x ) * done / length, from.y + ( to.y - from.y ) * done / length };
+            const Spot turn = {
+                from.x + ( to.x - from.x ) * done / length, from.y + ( to.y - from.y ) * done / length };
             if ( isDash )
             {
                 chain.push_back( turn );

@@ -13,7 +13,8 @@ void drawPolyline(
     Canvas& canvas, const std::vector<Spot>& points, float width, const Color& color, float opacity = 1 );
 
 /// The same in dashes and gaps of the given lengths in pixels.
-void drawDashes( Canvas& canvas, const std::vector<Spot>& points, float width, const Color& color, float dash, float gap );
+void drawDashes(
+    Canvas& canvas, const std::vector<Spot>& points, float width, const Color& color, float dash, float gap );
 
 /// One straight line.
 void drawStroke( Canvas& canvas, const Spot& begin, const Spot& end, float width, const Color& color );

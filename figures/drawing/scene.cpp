@@ -40,7 +40,8 @@ GeVector3<float> computeNormal( const Polygon& polygon )
 
 Scene::Scene( const Canvas& picture, const Area& area, Camera camera )
     : _area( area ), _camera( withAspect( camera, area ) ), _clipMatrix( makeClipMatrix<double>( _camera ) ),
-      _studio( makeStudio( _camera ) ), _raster( picture.cutOut( area ), { 0, 0, static_cast<double>( area.width ), static_cast<double>( area.height ) } )
+      _studio( makeStudio( _camera ) ),
+      _raster( picture.cutOut( area ), { 0, 0, static_cast<double>( area.width ), static_cast<double>( area.height ) } )
 {
 }
 

@@ -43,16 +43,16 @@ public:
 
     void drawLine( const Zq::GePoint3<float>& begin, const Zq::GePoint3<float>& end, double width, const Color& color,
         double hiddenOpacity );
-    void drawLine( const std::vector<Zq::GePoint3<float>>& points, double width, const Color& color,
-        double hiddenOpacity );
+    void drawLine(
+        const std::vector<Zq::GePoint3<float>>& points, double width, const Color& color, double hiddenOpacity );
     /// Dashes and gaps of that length in the scene.
     void drawDashes( const Zq::GePoint3<float>& begin, const Zq::GePoint3<float>& end, float length, double width,
         const Color& color, double hiddenOpacity );
     /// The outline of a polygon.
     void drawRim( const Polygon& polygon, double width, const Color& color, double hiddenOpacity );
     /// A line with a head; the head is as long as a part of the whole.
-    void drawArrow( const Zq::GePoint3<float>& begin, const Zq::GePoint3<float>& end, float thickness,
-        const Color& color );
+    void drawArrow(
+        const Zq::GePoint3<float>& begin, const Zq::GePoint3<float>& end, float thickness, const Color& color );
 
     /// Where a point is on the picture.
     Spot computeSpot( const Zq::GePoint3<float>& point ) const;

@@ -50,8 +50,7 @@ Canvas drawClippingPicture()
     const Solid solid = makeBox( box );
     constexpr int HEIGHT = 870;
     Canvas picture = makeBackground( 1024, HEIGHT );
-    Scene scene( picture, { 0, 100, 1024, 590 },
-        { { -4.2F, -10.5F, 5.2F }, { 0.1F, 0, 1.4F }, 0.42F, 1, 4, 40 } );
+    Scene scene( picture, { 0, 100, 1024, 590 }, { { -4.2F, -10.5F, 5.2F }, { 0.1F, 0, 1.4F }, 0.42F, 1, 4, 40 } );
 
     scene.drawFlat( { { solid.faces[4] } }, []( const GePoint3<float>& ) { return makeColor( 0xD8DDE3 ); } );
     std::size_t nbHits = 0;

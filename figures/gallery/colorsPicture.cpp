@@ -128,13 +128,14 @@ void drawSectors( Canvas& canvas, float left, float top, float width, float heig
         float x;
         const char* name;
     };
-    const Style styles[3] = { { 0xC2342F, 1000, 1, 0.275F, "red" }, { 0x2E7D3A, 10, 6, 0.10F, "green" },
+    const Style styles[3] = { { 0xC2342F, 1000, 1, 0.275F, "red" }, { 0x2E7D3A, 10, 6, 0.118F, "green" },
         { 0x3155C4, 3, 5, 0.435F, "blue" } };
     for ( int i = 0; i < 3; ++i )
     {
         const Style& style = styles[i];
         drawDashes( canvas, curves[i], 2.6F, makeColor( style.color ), style.dash, style.gap );
-        drawText( canvas, left + width * style.x, top + height * 0.55F, 12, style.name, makeColor( style.color ), 1.2F );
+        drawText(
+            canvas, left + width * style.x, top + height * 0.55F, 12, style.name, makeColor( style.color ), 1.2F );
     }
     drawText( canvas, left, top - 22, 13, "red, green and blue over the hue, in degrees", palette.ink );
 }

@@ -121,8 +121,8 @@ void drawNormals( Scene& scene, const Patch& patch )
     for ( const float z : { 0.0F, 0.3F, 0.6F, 0.8F, 0.95F } )
     {
         const float across = std::sqrt( 1 - z * z );
-        scene.drawRim( makeTruncatedCone( { 0, 0, z }, { 0, 0, 1 }, across, across, 0 ).faces.back(), 0.9,
-            palette.rule, 0.9 );
+        scene.drawRim(
+            makeTruncatedCone( { 0, 0, z }, { 0, 0, 1 }, across, across, 0 ).faces.back(), 0.9, palette.rule, 0.9 );
     }
     for ( int meridian = 0; meridian < 12; ++meridian )
     {
@@ -210,9 +210,9 @@ void drawCulling( Scene& scene, const Patch& patch )
 struct SliceColors
 {
     Color behind = getPalette().overlap;
-    Color behindUnknown = mix( getPalette().white, getPalette().overlap, 0.28F );
+    Color behindUnknown = mix( getPalette().white, getPalette().overlap, 0.4F );
     Color front = mix( getPalette().white, getPalette().inside, 0.75F );
-    Color frontUnknown = mix( getPalette().white, getPalette().inside, 0.2F );
+    Color frontUnknown = mix( getPalette().white, getPalette().inside, 0.3F );
     Color both = getPalette().white;
     Color wrong = makeColor( 0xFF00FF ); // the cones contradict a face
 };
@@ -295,7 +295,7 @@ Canvas drawConesPicture( ObjFile& file )
         scene.finish( picture );
         return scene;
     };
-    const Camera above{ { 1.9F, -3.4F, 2.0F }, { 0, 0, 0.52F }, 0.42F, 1, 0.5F, 60 };
+    const Camera above{ { 2.2F, -3.9F, 2.2F }, { 0, 0, 0.45F }, 0.44F, 1, 0.5F, 60 };
     const Scene sphere = panel( 0, 0, above, drawNormals );
     const Scene anchoring = panel( 1, 0, makeCamera( 6.6F, 0.05F ), drawAnchored );
     const Scene culling = panel( 0, 1, makeCamera( 18, 0 ), drawCulling );
@@ -304,8 +304,8 @@ Canvas drawConesPicture( ObjFile& file )
 
     drawHeading( picture, 46, 138, "1  Its normals: a floating cone",
         "one dot a normal; semi-angle alpha = " + degrees( patch.normals.getSemiAngle() ) );
-    drawHeading( picture, 576, 138, "2  Its points: an anchored cone",
-        "the same axis and opening, cut off below and above" );
+    drawHeading(
+        picture, 576, 138, "2  Its points: an anchored cone", "the same axis and opening, cut off below and above" );
     drawHeading( picture, 46, 638, "3  Where an eye may be: culling cones",
         "semi-angle 90 - alpha = " + degrees( patch.cones.getCullingSemiAngle() ) );
     drawHeading( picture, 576, 638, "4  The same, cut through the middle", "both queries asked from every pixel" );
@@ -318,18 +318,25 @@ Canvas drawConesPicture( ObjFile& file )
         drawText( picture, spot.x + dx, spot.y + dy, 12, text, palette.ink );
     };
     name( sphere, GePoint3<float>() + axis * 1.3F, 12, 6, "the axis" );
-    drawCallout( picture, anchoring.computeSpot( patch.anchored.getBottomCenter() ), 780, 560, { "the bottom disc" } );
+    const Solid anchored = makeAnchoredSolid( patch.anchored );
+    Spot lowest = { 0, 0 };
+    for ( const GePoint3<float>& point : anchored.faces[anchored.faces.size() - 2] )
+    {
+        const Spot spot = anchoring.computeSpot( point );
+        lowest = spot.y > lowest.y ? spot : lowest;
+    }
+    drawCallout( picture, lowest, 780, 560, { "the bottom disc" } );
     name( culling, backTip, 14, 2, "the backfacing apex" );
     name( culling, frontTip, 14, 12, "the frontfacing apex" );
     const SliceColors colors;
     drawLegend( picture, 28, 1230 - 28, {},
         { { colors.front, "isInFront: an eye here sees only fronts", {} },
             { colors.behind, "isBehind: an eye here sees only backs; the patch need not be drawn", {} } } );
-    drawLegend( picture, 640, 1230 - 28, {},
+    drawLegend( picture, 660, 1230 - 28, {},
         { { colors.frontUnknown, "only fronts, but the cones are cautious", {} },
             { colors.behindUnknown, "only backs, but the cones are cautious", {} } } );
-    drawCaption( picture, "A patch of surface and its cones",
-        "the cones answer for all faces at once: no face is asked" );
+    drawCaption(
+        picture, "A patch of surface and its cones", "the cones answer for all faces at once: no face is asked" );
 
     file.addSolid( "anchoredCone", makeAnchoredSolid( patch.anchored ) );
     file.addSolid( "frontCone", makeFrontCone( patch.cones, 1.5F ) );

@@ -121,8 +121,8 @@ Canvas drawFrustumPicture( ObjFile& file )
 
     // what the camera sees, in the corner
     const Area inset = { 1024 - 28 - 300, HEIGHT - 28 - 225, 300, 225 };
-    picture.fillRoundedRectangle( static_cast<float>( inset.x ) - 3, static_cast<float>( inset.y ) - 3, 306, 231, 4,
-        palette.ink, 1 );
+    picture.fillRoundedRectangle(
+        static_cast<float>( inset.x ) - 3, static_cast<float>( inset.y ) - 3, 306, 231, 4, palette.ink, 1 );
     Canvas sky( inset.width, inset.height );
     sky.fillVerticalGradient( makeColor( 0xBFD9EA ), makeColor( 0xEEF3F5 ) );
     picture.paste( sky, inset.x, inset.y );
@@ -139,15 +139,13 @@ Canvas drawFrustumPicture( ObjFile& file )
         ++counts[house.verdict];
         nbMissed += house.isMissed ? 1 : 0;
     }
-    drawCaption(
-        picture, "A view frustum and a town", "one question per house; the grey ones need not be drawn" );
+    drawCaption( picture, "A view frustum and a town", "one question per house; the grey ones need not be drawn" );
     drawLegend( picture, 28, HEIGHT - 28, { "houses" },
         { { palette.inside, "FRUSTUM_INSIDE: all of it is in the volume",
               { makeGroupedText( counts[Frustum::FRUSTUM_INSIDE] ) } },
             { palette.overlap, "FRUSTUM_INTERSECT: part of it is",
                 { makeGroupedText( counts[Frustum::FRUSTUM_INTERSECT] - nbMissed ) } },
-            { palette.away, "FRUSTUM_INTERSECT, though none of it is: cautious",
-                { makeGroupedText( nbMissed ) } },
+            { palette.away, "FRUSTUM_INTERSECT, though none of it is: cautious", { makeGroupedText( nbMissed ) } },
             { palette.outside, "FRUSTUM_OUTSIDE: need not be drawn",
                 { makeGroupedText( counts[Frustum::FRUSTUM_OUTSIDE] ) } } } );
 

@@ -27,14 +27,17 @@ struct Options
 {
     std::string folder = ".";
     bool hasObjects = true;
-    std::string reference; // a folder whose pictures are compared with what would be drawn; empty: files are written
+    std::string only;      // the one picture to be drawn; empty: all
+    std::string reference; // a folder whose pictures are compared with those that are drawn; empty: none
+    bool isWriting = true;
 };
 
 // Nothing if help was asked for.
 std::optional<Options> parseOptions( int argc, const char* const* argv )
 {
-    CLI::App app( "Draws the shapes of the library with the library's own answers: the pictures of the documents (PNG),\n"
-                  "and the solids among them for other viewers (OBJ).",
+    CLI::App app(
+        "Draws the shapes of the library with the library's own answers: the pictures of the documents (PNG),\n"
+        "and the solids among them for other viewers (OBJ).",
         "gallery" );
     Options options;
     bool hasPicturesOnly = false;
@@ -42,9 +45,9 @@ std::optional<Options> parseOptions( int argc, const char* const* argv )
         app.add_option( "--out", options.folder, "Where the files go, an existing folder [.]" )->type_name( "DIR" );
     app.add_flag( "--pictures", hasPicturesOnly, "No OBJ files" );
     app.add_option( "--compare", options.reference,
-           "Write nothing; end with code 1 if the pictures in the folder are not what would be drawn" )
-        ->type_name( "DIR" )
-        ->excludes( out );
+           "End with code 1 if the pictures in the folder are not what is drawn; writes nothing without --out" )
+        ->type_name( "DIR" );
+    app.add_option( "--only", options.only, "One picture, without the extension" )->type_name( "NAME" );
     if ( !Examples::parseCommandLine( app, argc, argv ) )
     {
         return std::nullopt;
@@ -53,7 +56,8 @@ std::optional<Options> parseOptions( int argc, const char* const* argv )
     {
         throw Examples::BadInput( "--out: expected a name" );
     }
-    options.hasObjects = !hasPicturesOnly;
+    options.hasObjects = !hasPicturesOnly && options.only.empty();
+    options.isWriting = out->count() > 0 || options.reference.empty();
     return options;
 }
 
@@ -61,8 +65,8 @@ std::optional<Options> parseOptions( int argc, const char* const* argv )
 // pixels may be off by much, the others by no more than can be seen.
 bool isCurrent( const std::filesystem::path& path, const Canvas& drawn )
 {
-    constexpr int SEEN = 4;             // in a byte of a channel
-    constexpr std::size_t RARE = 2000;  // one pixel in so many
+    constexpr int SEEN = 4;            // in a byte of a channel
+    constexpr std::size_t RARE = 2000; // one pixel in so many
     const Rgb8 stored = readPng( path.string() );
     if ( stored.width != drawn.getWidth() || stored.height != drawn.getHeight() )
     {
@@ -97,41 +101,58 @@ int run( const Options& options )
         { "colors.png", drawColorsPicture },
     };
     const std::filesystem::path folder = options.folder;
-    if ( !options.reference.empty() )
-    {
-        int code = 0;
-        for ( const auto& [name, draw] : pictures )
-        {
-            if ( !isCurrent( std::filesystem::path( options.reference ) / name, draw() ) )
-            {
-                std::cout << name << " is not what is drawn now\n";
-                code = 1;
-            }
-        }
-        return code;
-    }
+    const auto isWanted = [&]( const std::string& name )
+    { return options.only.empty() || options.only + ".png" == name; };
+    bool isAny = false;
     for ( const auto& picture : pictures )
     {
-        Examples::checkWritable( folder / picture.first );
+        isAny = isAny || isWanted( picture.first );
+        if ( options.isWriting && isWanted( picture.first ) )
+        {
+            Examples::checkWritable( folder / picture.first );
+        }
     }
-
-    std::vector<OutputFile> files;
+    if ( !isAny )
+    {
+        throw Examples::BadInput( "--only: there is no picture '" + options.only + "'" );
+    }
+    std::vector<std::pair<std::string, Canvas>> drawn;
     for ( const auto& [name, draw] : pictures )
     {
-        files.push_back( { folder / name, encodePng( draw() ) } );
+        if ( isWanted( name ) )
+        {
+            drawn.emplace_back( name, draw() );
+        }
     }
-    if ( options.hasObjects )
+    std::vector<OutputFile> files;
+    if ( options.isWriting )
     {
-        files.push_back( { folder / "shaft.obj", shaft.getText() } );
-        files.push_back( { folder / "frustum.obj", frustum.getText() } );
-        files.push_back( { folder / "cones.obj", cones.getText() } );
+        for ( const auto& [name, canvas] : drawn )
+        {
+            files.push_back( { folder / name, encodePng( canvas ) } );
+        }
+        if ( options.hasObjects )
+        {
+            files.push_back( { folder / "shaft.obj", shaft.getText() } );
+            files.push_back( { folder / "frustum.obj", frustum.getText() } );
+            files.push_back( { folder / "cones.obj", cones.getText() } );
+        }
+        Examples::writeAll( files );
     }
-    Examples::writeAll( files );
     for ( const OutputFile& file : files )
     {
         std::cout << "wrote " << file.path.string() << '\n';
     }
-    return 0;
+    int code = 0;
+    for ( const auto& [name, canvas] : drawn )
+    {
+        if ( !options.reference.empty() && !isCurrent( std::filesystem::path( options.reference ) / name, canvas ) )
+        {
+            std::cout << name << " is not what is drawn now\n";
+            code = 1;
+        }
+    }
+    return code;
 }
 
 } // namespace

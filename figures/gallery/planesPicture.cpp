@@ -92,7 +92,7 @@ Canvas drawPlanesPicture()
     const bool isMet = plane.intersectRay( origin, direction, t );
 
     Canvas picture = makeBackground( 1024, 860 );
-    Scene scene( picture, { 0, 96, 1024, 620 }, { { -2.6F, -9.5F, 4.6F }, { 0.05F, 0, 1.22F }, 0.45F, 1, 1, 40 } );
+    Scene scene( picture, { 0, 96, 1024, 620 }, { { -2.6F, -9.5F, 4.6F }, { 0.05F, 0, 1.12F }, 0.48F, 1, 1, 40 } );
     for ( const GePoint3<float>& point : points )
     {
         const bool isPositive = plane.computeValue( point ) > 0;
@@ -132,16 +132,16 @@ Canvas drawPlanesPicture()
     }
     drawCaption( picture, "A plane and its sides",
         "GePlane3Builder fits it to the polygon's corners; it faces whoever sees them counter-clockwise" );
-    const Spot tip = scene.computeSpot( middle + plane.getNormal() * 1.2F );
-    drawCallout( picture, tip, tip.x + 50, tip.y - 20, { "the normal: the positive side" } );
+    const Spot tip = scene.computeSpot( middle + plane.getNormal() * 1.15F );
+    drawCallout( picture, tip, tip.x - 20, 170, { "the normal: the positive side" } );
     const Spot start = scene.computeSpot( origin );
     drawCallout( picture, start, 60, 160, { "origin" } );
     const Spot hit = scene.computeSpot( origin + direction * t );
-    drawCallout( picture, hit, hit.x + 150, 190,
+    drawCallout( picture, hit, 480, 690,
         { isMet ? "intersectRay: t = " + makeDecimalText( static_cast<double>( t ), 3 ) : "parallel" } );
     drawLegend( picture, 28, 860 - 28, {},
-        { { palette.inside, "computeValue is positive: on the side of the normal, so far away", {}, Mark::BALL },
-            { palette.overlap, "negative: behind the plane", {} },
+        { { palette.inside, "computeValue is positive: the distance, on the side of the normal", {}, Mark::BALL },
+            { palette.overlap, "negative: the distance behind the plane", {} },
             { palette.ink, "the polygon, not quite plane; its plane passes through the mean of the corners", {},
                 Mark::LINE } } );
     return picture;

@@ -89,11 +89,11 @@ void drawSweep( Scene& scene, const GePoint3<float>& start, float angle )
     std::vector<GePoint3<float>> points;
     for ( int i = 0; i <= NB_STEPS; ++i )
     {
-        points.push_back( pointAt( 0.05F + 0.8F * static_cast<float>( i ) / NB_STEPS ) );
+        points.push_back( pointAt( 0.05F + 0.74F * static_cast<float>( i ) / NB_STEPS ) );
     }
     scene.drawLine( points, 3, getPalette().ink, 0.3 );
-    const GePoint3<float> end = pointAt( 0.96F );
-    scene.drawArrow( points.back(), end, 0.03F, getPalette().ink );
+    const GePoint3<float> end = pointAt( 0.98F );
+    scene.drawArrow( points.back(), end, 0.022F, getPalette().ink );
 }
 
 } // namespace
@@ -104,17 +104,17 @@ Canvas drawRotationsPicture()
     constexpr int WIDTH = 1200;
     constexpr int PANEL = 368;
     constexpr int TOP = 176;
-    Canvas picture = makeBackground( WIDTH, 620 );
-    const Camera camera{ { 4.6F, -5.4F, 3.4F }, { 0, 0, 0.1F }, 0.44F, 1, 1, 30 };
-    const auto areaOf = [&]( int column ) -> Area { return { 28 + column * ( PANEL + 20 ), 106, PANEL, 486 }; };
-    const auto sceneArea = [&]( int column ) -> Area
-    { return { areaOf( column ).x + 4, TOP, PANEL - 8, 350 }; };
+    Canvas picture = makeBackground( WIDTH, 640 );
+    const Camera camera{ { 4.2F, -4.8F, 4.8F }, { 0, 0, 0.1F }, 0.46F, 1, 1, 30 };
+    const Camera level{ { 4.6F, -5.4F, 3.4F }, { 0, 0, 0.05F }, 0.58F, 1, 1, 30 };
+    const auto areaOf = [&]( int column ) -> Area { return { 28 + column * ( PANEL + 20 ), 106, PANEL, 506 }; };
+    const auto sceneArea = [&]( int column ) -> Area { return { areaOf( column ).x + 4, TOP, PANEL - 8, 350 }; };
     for ( int column = 0; column < 3; ++column )
     {
         drawPlate( picture, areaOf( column ) );
     }
-    const auto finish = [&]( int column, const std::string& title, const std::string& subtitle,
-                            const std::vector<std::string>& lines )
+    const auto finish =
+        [&]( int column, const std::string& title, const std::string& subtitle, const std::vector<std::string>& lines )
     {
         const auto x = static_cast<float>( areaOf( column ).x + 18 );
         drawHeading( picture, x, 140, title, subtitle );
@@ -128,7 +128,7 @@ Canvas drawRotationsPicture()
     {
         Scene scene( picture, sceneArea( 0 ), camera );
         drawAxes( scene, identity, 1.5F, 0.022F );
-        drawSweep( scene, { 1.15F, 0, 0 }, QUARTER );
+        drawSweep( scene, { 1.25F, 0, 0 }, QUARTER );
         scene.drawArrow( {}, turn( aboutZ, { 1.0F, 0, 0 } ), 0.045F, palette.overlap );
         scene.finish( picture );
         nameAxes( picture, scene, identity, 1.68F, "" );
@@ -138,22 +138,23 @@ Canvas drawRotationsPicture()
     }
 
     {
-        Scene scene( picture, sceneArea( 1 ), camera );
+        Scene scene( picture, sceneArea( 1 ), level );
         const std::pair<Matrix, std::string> products[] = {
             { identity, "as it was" }, { aboutZ * aboutX, "Z * X" }, { aboutX * aboutZ, "X * Z" } };
-        float height = 1.25F;
+        float height = 1.5F;
         for ( const auto& product : products )
         {
             drawGlider( scene, product.first, height );
-            height -= 1.3F;
+            height -= 1.45F;
         }
         scene.finish( picture );
-        height = 1.25F;
+        height = 1.5F;
         for ( const auto& product : products )
         {
             const Spot spot = scene.computeSpot( { 0, 0, height } );
-            drawText( picture, static_cast<float>( sceneArea( 1 ).x + 14 ), spot.y + 6, 13, product.second, palette.ink );
-            height -= 1.3F;
+            drawText(
+                picture, static_cast<float>( sceneArea( 1 ).x + 14 ), spot.y + 6, 13, product.second, palette.ink );
+            height -= 1.45F;
         }
         finish( 1, "2  The order of products", "in A * B, B acts first",
             { "X and Z are quarter turns about x and z.", "Z * X: about x first, then about z.",
@@ -161,7 +162,7 @@ Canvas drawRotationsPicture()
     }
 
     {
-        const GeUnitVector3<float> direction( GeVector3<float>( 0.9F, -0.5F, 0.55F ) );
+        const GeUnitVector3<float> direction( GeVector3<float>( 0.95F, 0.6F, 0.5F ) );
         const GeVector3<float> up( 0, 0, 1 );
         const GeRotation3<float> frame = GeRotation3<float>::aim( direction, up, 0, 2, false );
         const Matrix& matrix = frame.getMatrix();

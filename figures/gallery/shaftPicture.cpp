@@ -140,8 +140,7 @@ Canvas drawShaftPicture( ObjFile& file )
 
     constexpr int HEIGHT = 900;
     Canvas picture = makeBackground( 1024, HEIGHT );
-    Scene scene( picture, { 0, 100, 1024, 640 },
-        { { -0.8F, -11.5F, 5.6F }, { 2.75F, 0, 1.85F }, 0.45F, 1, 4, 30 } );
+    Scene scene( picture, { 0, 100, 1024, 640 }, { { -0.8F, -11.5F, 5.6F }, { 2.75F, 0, 1.85F }, 0.45F, 1, 4, 30 } );
     drawRoom( scene, lamp, table );
     for ( const Box& box : boxes )
     {
@@ -157,9 +156,9 @@ Canvas drawShaftPicture( ObjFile& file )
     const auto spotOf = [&]( const Box& box, int corner ) { return scene.computeSpot( box.getCorner( corner ) ); };
     drawCaption(
         picture, "A shaft between two boxes", "whatever can stand between the lamp and the table reaches into it" );
-    drawCallout( picture, spotOf( touchingInside, 0 ), 48, 590,
-        { "touches a plane from inside:", "overlaps OVERLAP, overlapsExclude INSIDE" } );
-    drawCallout( picture, spotOf( touchingOutside, 1 ), 640, 712,
+    drawCallout( picture, spotOf( touchingInside, 5 ), 460, 186,
+        { "touches a plane from inside:", "overlaps OVERLAP,", "overlapsExclude INSIDE" } );
+    drawCallout( picture, spotOf( touchingOutside, 1 ), 640, 704,
         { "touches a plane from outside:", "overlaps OUTSIDE, overlapsExclude OVERLAP" } );
     drawCallout( picture, spotOf( lamp, 5 ), 400, 128, { "the lamp: reference box 1" } );
     drawCallout( picture, spotOf( table, 0 ), 480, 672, { "the table: reference box 2" } );

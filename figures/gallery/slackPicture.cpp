@@ -59,6 +59,7 @@ bool isWithin( const Frustum& frustum, const GePoint3<double>& point )
 void drawAnswers( Canvas& canvas, const Map& map, const Frustum& frustum )
 {
     const Palette& palette = getPalette();
+    const Color outside = mix( palette.white, palette.outside, 0.5F );
     for ( int y = map.area.y; y < map.area.y + map.area.height; ++y )
     {
         for ( int x = map.area.x; x < map.area.x + map.area.width; ++x )
@@ -71,10 +72,10 @@ void drawAnswers( Canvas& canvas, const Map& map, const Frustum& frustum )
                     const GePoint3<double> point = map.pointAt( x + dx, y + dy );
                     const bool isInside = frustum.classify( point ) == Frustum::FRUSTUM_INSIDE;
                     const bool isStripe = ( x + y ) % 14 < 7;
-                    const Color& color = !isInside       ? palette.white
-                        : isWithin( frustum, point )     ? palette.volume
-                        : isStripe                       ? palette.overlap
-                                                         : palette.white;
+                    const Color& color = !isInside   ? outside
+                        : isWithin( frustum, point ) ? palette.volume
+                        : isStripe                   ? palette.overlap
+                                                     : palette.white;
                     sum = sum + color * 0.25F;
                 }
             }
@@ -101,14 +102,14 @@ Canvas drawSlackPicture()
     constexpr double FIELD_OF_VIEW = 0.9;
     const Palette& palette = getPalette();
     const Frustum frustum( GeCameraBuilder<double>::makePerspective( FIELD_OF_VIEW, 1, 4, 1 ) );
-    // where the near plane and the left one meet
+    // where the near plane and the right one meet
     const double slope = std::tan( FIELD_OF_VIEW / 2 );
-    const GePoint3<double> corner( -slope, 0, -1 );
+    const GePoint3<double> corner( slope, 0, -1 );
 
     Canvas picture = makeBackground( 1100, 760 );
     const Map whole = { { 28, 150, 500, 420 }, -2.5, -0.1, 100 };
     const double zoom = 420 / ( 8 * SLACK );
-    const Map close = { { 572, 150, 500, 420 }, corner.getX() - 250 / zoom, 1 - 150 / zoom, zoom };
+    const Map close = { { 572, 150, 500, 420 }, corner.getX() - 280 / zoom, 1 - 150 / zoom, zoom };
     drawAnswers( picture, whole, frustum );
     drawAnswers( picture, close, frustum );
 
@@ -123,15 +124,16 @@ Canvas drawSlackPicture()
         drawStroke( part, { begin.x - dx, begin.y - dy }, { end.x - dx, end.y - dy }, 2, palette.edge );
         picture.paste( part, map.area.x, map.area.y );
     };
-    const auto pointAt = [&]( double side, double depth ) -> GePoint3<double>
-    { return { side * slope * depth, 0, -depth }; };
+    const auto pointAt = [&]( double side, double depth ) -> GePoint3<double> {
+        return { side * slope * depth, 0, -depth };
+    };
     for ( const double side : { -1.0, 1.0 } )
     {
         planeLine( whole, pointAt( side, 1 ), pointAt( side, 4 ) );
     }
     planeLine( whole, pointAt( -1, 1 ), pointAt( 1, 1 ) );
     planeLine( whole, pointAt( -1, 4 ), pointAt( 1, 4 ) );
-    planeLine( close, pointAt( -1, 1 - 10 * SLACK ), pointAt( -1, 1 + 10 * SLACK ) );
+    planeLine( close, pointAt( 1, 1 - 10 * SLACK ), pointAt( 1, 1 + 10 * SLACK ) );
     planeLine( close, { corner.getX() - 10 * SLACK, 0, -1 }, { corner.getX() + 10 * SLACK, 0, -1 } );
     drawFrame( picture, whole.area, 1.2 );
     drawFrame( picture, close.area, 1.2 );
@@ -144,7 +146,7 @@ Canvas drawSlackPicture()
     const Spot eye = whole.spotOf( {} );
     picture.fillDisc( eye.x, eye.y, 6, palette.edge );
     drawText( picture, eye.x + 14, eye.y + 2, 12, "eye", palette.edge );
-    drawCentred( picture, eye.x, whole.spotOf( pointAt( 0, 1 ) ).y - 14, 12, "near plane", palette.edge );
+    drawCentred( picture, eye.x, whole.spotOf( pointAt( 0, 1 ) ).y + 26, 12, "near plane", palette.edge );
     drawCentred( picture, eye.x, whole.spotOf( pointAt( 0, 4 ) ).y + 26, 12, "far plane", palette.edge );
 
     // a scale and the width of the band
@@ -160,13 +162,14 @@ Canvas drawSlackPicture()
     drawText( picture, 140, top + 6, 12, "1 unit", palette.ink );
 
     drawCaption( picture, "The slack of a frustum",
-        "classify was asked about every pixel: a point is inside up to 0.0001 beyond each plane, a length in the scene's units" );
+        "classify was asked about every pixel: a point is inside up to 0.0001 beyond each plane, a length in the "
+        "scene's units" );
     drawLines( picture, 28, 132, { "A frustum from above: near 1, far 4" }, palette.ink, 14 );
-    drawLines( picture, 572, 132, { "The corner where near and left plane meet" }, palette.ink, 14 );
+    drawLines( picture, 572, 132, { "The corner where near and right plane meet" }, palette.ink, 14 );
     drawLegend( picture, 28, 760 - 28, {},
         { { palette.volume, "FRUSTUM_INSIDE, within all planes", {} },
             { palette.overlap, "FRUSTUM_INSIDE, though beyond a plane: the slack", {}, Mark::STRIPES, palette.white },
-            { palette.white, "FRUSTUM_OUTSIDE", {} } } );
+            { mix( palette.white, palette.outside, 0.5F ), "FRUSTUM_OUTSIDE", {} } } );
     return picture;
 }
 

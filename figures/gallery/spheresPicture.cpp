@@ -70,7 +70,7 @@ Canvas drawSpheresPicture()
         float t1 = 0;
         GePoint3<float> closest;
         scene.drawBall( ray.origin, 0.06F, palette.ink );
-        scene.drawArrow( pointAt( ray.end - 0.3F ), pointAt( ray.end ), 0.018F, palette.ink );
+        scene.drawArrow( pointAt( ray.end - 0.3F ), pointAt( ray.end ), 0.012F, palette.ink );
         if ( !sphere.intersectRay( ray.origin, ray.direction, t0, t1 ) )
         {
             scene.drawLine( ray.origin, pointAt( ray.end ), 2.2, palette.ink, 1 );
@@ -102,15 +102,15 @@ Canvas drawSpheresPicture()
     float t0 = 0;
     float t1 = 0;
     sphere.intersectRay( rays[0].origin, rays[0].direction, t0, t1 );
-    drawCallout( picture, spotAt( rays[0], 0 ), 60, 500, { "the origin: t = 0" } );
-    drawCallout( picture, spotAt( rays[0], t0 ), 200, 590, { "enters: t0 = " + makeText( t0 ) } );
+    drawCallout( picture, spotAt( rays[0], 0 ), 40, 258, { "the origin: t = 0" } );
+    drawCallout( picture, spotAt( rays[0], t0 ), 150, 430, { "enters: t0 = " + makeText( t0 ) } );
     drawCallout( picture, spotAt( rays[0], t1 ), 800, 330, { "leaves: t1 = " + makeText( t1 ) } );
     sphere.intersectRay( rays[1].origin, rays[1].direction, t0, t1 );
     drawCallout( picture, spotAt( rays[1], 0 ), 650, 690,
         { "a sphere behind the origin:", "t0 = " + makeText( t0 ) + ", t1 = " + makeText( t1 ) } );
     GePoint3<float> closest;
     sphere.getClosestPoint( rays[2].origin, rays[2].direction, closest );
-    drawCallout( picture, scene.computeSpot( closest ), 640, 140, { "a miss: getClosestPoint" } );
+    drawCallout( picture, scene.computeSpot( closest ), 580, 236, { "a miss: getClosestPoint" } );
     drawCaption( picture, "Lines and a sphere",
         "intersectRay meets the whole line, behind its origin too; t is in lengths of the direction" );
     drawLegend( picture, 28, 860 - 28, {},

@@ -71,14 +71,16 @@ bool isKeyTime( double time )
     return std::abs( time - std::round( time ) ) < 1e-9;
 }
 
-// Whole, or in dashes of that many pieces.
-void drawCurve( Scene& scene, const std::vector<GePoint3<float>>& points, const Curve& curve, double width,
-    double hiddenOpacity )
+// Whole, or in dashes.
+void drawCurve(
+    Scene& scene, const std::vector<GePoint3<float>>& points, const Curve& curve, double width, double hiddenOpacity )
 {
-    constexpr std::size_t DASH = 7;
+    constexpr float DASH = 0.07F;
+    float way = 0;
     for ( std::size_t i = 1; i < points.size(); ++i )
     {
-        if ( !curve.isDashed || i / DASH % 2 == 0 )
+        way += ( points[i] - points[i - 1] ).length();
+        if ( !curve.isDashed || std::fmod( way, 2 * DASH ) < DASH )
         {
             scene.drawLine( points[i - 1], points[i], width, curve.color, hiddenOpacity );
         }
@@ -87,14 +89,13 @@ void drawCurve( Scene& scene, const std::vector<GePoint3<float>>& points, const 
 
 // The flight ----------------------------------------------------------------------------------------------------------
 
-void drawFlight(
-    Canvas& canvas, const Area& area, const Flight& flight, const Curve& curve, const std::string& title )
+void drawFlight( Canvas& canvas, const Area& area, const Flight& flight, const Curve& curve, const std::string& title )
 {
     constexpr double SIGHT = 1.5; // how far along the line of sight the coloured curve runs
     const Palette& palette = getPalette();
     drawPlate( canvas, area );
     const Area inner = { area.x + 4, area.y + 70, area.width - 8, area.height - 78 };
-    Scene scene( canvas, inner, { { 0.4F, 7.0F, 12.2F }, { 0.1F, 0.55F, 0.9F }, 0.40F, 1, 0.1F, 100, Y_UP } );
+    Scene scene( canvas, inner, { { 0.4F, 7.0F, 12.2F }, { 0, 0.75F, 0.9F }, 0.445F, 1, 0.1F, 100, Y_UP } );
 
     for ( const AimAndInterpolate::Ball& ball : flight.balls )
     {
@@ -110,10 +111,8 @@ void drawFlight(
         }
     }
 
-    const auto sightAt = [&]( double time )
-    {
-        return GePoint3<float>(
-            computeEye( flight, time ) + curve.motion( time ) * GeVector3<double>( 0, 0, -SIGHT ) );
+    const auto sightAt = [&]( double time ) {
+        return GePoint3<float>( computeEye( flight, time ) + curve.motion( time ) * GeVector3<double>( 0, 0, -SIGHT ) );
     };
     std::vector<GePoint3<float>> path;
     std::vector<GePoint3<float>> sight;
@@ -180,8 +179,7 @@ void drawPlot( Canvas& canvas, const Area& area, const std::vector<Curve>& curve
     const auto left = static_cast<float>( area.x );
     const auto right = static_cast<float>( area.x + area.width );
     const auto bottom = static_cast<float>( area.y + area.height );
-    const auto heightOf = [&]( double speed )
-    { return bottom - static_cast<float>( area.height * speed / LIMIT ); };
+    const auto heightOf = [&]( double speed ) { return bottom - static_cast<float>( area.height * speed / LIMIT ); };
     for ( const int speed : { 0, 2, 4, 6, 8, 10 } )
     {
         const float y = heightOf( speed );
@@ -257,14 +255,13 @@ void drawGlobe( Canvas& canvas, const Area& area, const Globe& globe )
     const Palette& palette = getPalette();
     drawPlate( canvas, area );
     const int size = area.width - 64;
-    Scene scene( canvas, { area.x + 32, area.y + 72, size, size },
-        { globe.eye, {}, 0.35F, 1, 0.1F, 100, Y_UP } );
+    Scene scene( canvas, { area.x + 32, area.y + 72, size, size }, { globe.eye, {}, 0.35F, 1, 0.1F, 100, Y_UP } );
     scene.drawBall( {}, 0.992F, makeColor( 0xF4F6F8 ), 0.15F );
     drawGraticule( scene );
     const auto computePoint = [&]( const Curve& curve, double time )
     {
-        return GePoint3<float>( GePoint3<double>() +
-            curve.motion( time ) * globe.direction * ( 1.008 + globe.growth * time / curve.end ) );
+        return GePoint3<float>(
+            GePoint3<double>() + curve.motion( time ) * globe.direction * ( 1.008 + globe.growth * time / curve.end ) );
     };
     for ( const Curve& curve : globe.curves )
     {

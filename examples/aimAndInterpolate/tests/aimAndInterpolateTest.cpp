@@ -1,7 +1,7 @@
 // The rotations of the example, and the program as a user meets it.
 
-#include "rotationTrack.h"
 #include "flight.h"
+#include "rotationTrack.h"
 
 #include <gtest/gtest.h>
 
@@ -144,7 +144,8 @@ TEST_F( AimAndInterpolateProgram, PrintsTheKeysAsThePageShowsThem )
 
 TEST_F( AimAndInterpolateProgram, RefusesBadArgumentsInOneLine )
 {
-    for ( const std::string arguments : { "--bogus", "extra", "--out", "--out picture.png", "--help=3", "''", "'a\nb'" } )
+    for ( const std::string arguments :
+        { "--bogus", "extra", "--out", "--out picture.png", "--help=3", "''", "'a\nb'" } )
     {
         EXPECT_EQ( run( arguments ), 2 ) << arguments;
         const std::string errors = read( "err" );

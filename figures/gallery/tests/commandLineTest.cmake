@@ -1,31 +1,48 @@
-# cmake -D GALLERY=program -D OUT=folder -P commandLineTest.cmake
-# Draws everything and looks at the files; then every wrong call has to end with code 2 and one line.
+# cmake -D GALLERY=program -D OUT=folder -D IMAGES=folder -P commandLineTest.cmake
+# Draws everything and looks at the files, and whether the documents show the same; then every wrong call has to end with
+# code 2 and one line.
 
 file( REMOVE_RECURSE "${OUT}" )
 file( MAKE_DIRECTORY "${OUT}" )
-execute_process( COMMAND "${GALLERY}" --out "${OUT}" RESULT_VARIABLE code )
+execute_process( COMMAND "${GALLERY}" --out "${OUT}" --compare "${IMAGES}" RESULT_VARIABLE code OUTPUT_VARIABLE out )
 if( NOT code EQUAL 0 )
-    message( SEND_ERROR "gallery ended with ${code}" )
+    message( SEND_ERROR "gallery ended with ${code}; for pictures that are not what is drawn see figures/README.md\n${out}" )
 endif()
 
-# A PNG begins with its signature, and width and height are the numbers at byte 16: 0000wwww0000hhhh here.
-foreach( name IN ITEMS shaft frustum cones samples colors clipping )
-    file( READ "${OUT}/${name}.png" head LIMIT 24 HEX )
-    if( NOT head MATCHES "^89504e470d0a1a0a........49484452(0000[0-9a-f][0-9a-f][0-9a-f][0-9a-f])(0000[0-9a-f][0-9a-f][0-9a-f][0-9a-f])$" )
-        message( SEND_ERROR "${name}.png is no picture: ${head}" )
-        continue()
-    endif()
-    math( EXPR width "0x${CMAKE_MATCH_1}" )
-    math( EXPR height "0x${CMAKE_MATCH_2}" )
-    if( width GREATER 1024 OR height GREATER 1024 OR width LESS 640 OR height LESS 480 )
-        message( SEND_ERROR "${name}.png is ${width} x ${height}" )
-    endif()
-    # that something is drawn shows in the size
-    file( SIZE "${OUT}/${name}.png" size )
-    if( size LESS 20000 )
-        message( SEND_ERROR "${name}.png has only ${size} bytes" )
-    endif()
+# A PNG begins with its signature, and width and height are the numbers at byte 16: 0000wwww0000hhhh here. Then come the
+# bits a channel, 8, and the kind: 02 is true colour.
+file( GLOB images RELATIVE "${IMAGES}" "${IMAGES}/*.png" )
+set( pictures cullMesh frustum slack cones shaft planes spheres clipping rotations tracks samples colors )
+foreach( name IN LISTS pictures )
+    list( REMOVE_ITEM images "${name}.png" )
+    foreach( file IN ITEMS "${OUT}/${name}.png" "${IMAGES}/${name}.png" )
+        file( READ "${file}" head LIMIT 26 HEX )
+        if( NOT head MATCHES "^89504e470d0a1a0a........49484452(0000....)(0000....)0802$" )
+            message( SEND_ERROR "${file} is no picture in true colour: ${head}" )
+            continue()
+        endif()
+        math( EXPR width "0x${CMAKE_MATCH_1}" )
+        math( EXPR height "0x${CMAKE_MATCH_2}" )
+        if( width GREATER 1600 OR height GREATER 1280 OR width LESS 640 OR height LESS 480 )
+            message( SEND_ERROR "${file} is ${width} x ${height}" )
+        endif()
+        # that something is drawn shows in the size; that a page stays quick to load, too
+        file( SIZE "${file}" size )
+        if( size LESS 20000 OR size GREATER 400000 )
+            message( SEND_ERROR "${file} has ${size} bytes" )
+        endif()
+    endforeach()
 endforeach()
+if( images )
+    message( SEND_ERROR "gallery does not draw ${images}" )
+endif()
+
+# another picture in the place of one is noticed
+file( COPY_FILE "${OUT}/planes.png" "${OUT}/spheres.png" )
+execute_process( COMMAND "${GALLERY}" --compare "${OUT}" --only spheres RESULT_VARIABLE code OUTPUT_VARIABLE out )
+if( NOT code EQUAL 1 OR NOT out STREQUAL "spheres.png is not what is drawn now\n" )
+    message( SEND_ERROR "a wrong picture: code ${code}, printed '${out}'" )
+endif()
 
 # An OBJ file is read by its corners, and every face names three or more of them that came before.
 foreach( name IN ITEMS shaft frustum cones )
@@ -59,6 +76,9 @@ endfunction()
 expect_refusal( --out )
 expect_refusal( --size 3 )
 expect_refusal( pictures )
+expect_refusal( --out "" )
+expect_refusal( --compare "${OUT}/missing" --only slack )
+expect_refusal( --only nothing )
 expect_refusal( --out "${OUT}/missing" )
 expect_refusal( --out "${OUT}/shaft.png" )
 expect_refusal( --out "${OUT}" --out )
