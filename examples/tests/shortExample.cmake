@@ -12,7 +12,7 @@ if( NOT code EQUAL 0 OR NOT out STREQUAL "${NAME} ${VERSION}\n" )
     message( SEND_ERROR "${NAME} --version: code ${code}, printed '${out}'" )
 endif()
 
-foreach( argument IN ITEMS extra --bogus -1 --version=2 )
+foreach( argument IN ITEMS extra --bogus -1 )
     execute_process( COMMAND "${PROGRAM}" ${argument} RESULT_VARIABLE code OUTPUT_VARIABLE out ERROR_VARIABLE err )
     if( NOT code EQUAL 2 OR NOT out STREQUAL "" OR NOT err MATCHES "^${NAME}: [^\n]+\n$" )
         message( SEND_ERROR "${NAME} ${argument}: code ${code}, printed '${out}', complained '${err}'" )

@@ -226,9 +226,9 @@ TEST_F( CullMesh, RefusesBadArguments )
             "--aspect nan/1", "--cluster-size 0", "--cluster-size -1", "--cluster-size 1.5", "--teapot-segments 0",
             "--teapot-segments 1000000", "--near 3 --far 2", "--near 2 --far 2", "--far 0.5", "--near 0", "--near -1",
             "--eye 1,2", "--eye 1,2,3,4", "--eye 1,,2", "--eye 1,2,", "--eye nan,0,0", "--eye 1e39,0,0",
-            "--eye 1,1,1 --target 1,1,1", "--eye 0,0,0 --target 1e-30,0,0", "--version=2", "--orbit 0",
-            "--orbit 9 --eye 1,1,1", "--distance 3", "--orbit 9 --distance 0", "--orbit 9 --distance 1,,2",
-            "--mesh x.obj --teapot-segments 4", "--mesh ''", "--json ''", "--fov 'a\nb'" } )
+            "--eye 1,1,1 --target 1,1,1", "--eye 0,0,0 --target 1e-30,0,0", "--orbit 0", "--orbit 9 --eye 1,1,1",
+            "--distance 3", "--orbit 9 --distance 0", "--orbit 9 --distance 1,,2", "--mesh x.obj --teapot-segments 4",
+            "--mesh ''", "--json ''", "--fov 'a\nb'" } )
     {
         expectRefused( arguments );
     }
