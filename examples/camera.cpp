@@ -22,7 +22,7 @@ static GeAffineMatrix3<float> makeView( const GePoint3<float>& eye, const GePoin
 
     // The rows are the camera's axes: a vector's components along them are its coordinates in camera space.
     const GeLinearMatrix3<float> rotation( right, up, back );
-    return GeAffineMatrix3<float>( rotation, -( rotation * GeVector3<float>( eye ) ) );
+    return { rotation, -( rotation * GeVector3<float>( eye ) ) };
 }
 
 static void answer()

@@ -87,8 +87,10 @@ void printSpeeds( const RotationTrack& track )
     std::cout << "\nspeed of turning in degrees per unit of time; the keys are at 0, 1, 2, ...\n"
               << " time  slerp  squad\n"
               << std::fixed;
-    for ( double time = 0; time < track.getEnd(); time += 0.25 )
+    constexpr int NB_STEPS = 4; // between one key and the next
+    for ( int i = 0; i < NB_STEPS * static_cast<int>( track.getEnd() ); ++i )
     {
+        const double time = static_cast<double>( i ) / NB_STEPS;
         std::cout << std::setprecision( 2 ) << std::setw( 5 ) << time << std::setprecision( 0 ) << std::setw( 7 )
                   << computeSpeed( &RotationTrack::slerp, track, time ) << std::setw( 7 )
                   << computeSpeed( &RotationTrack::squad, track, time ) << '\n';

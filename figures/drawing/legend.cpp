@@ -5,7 +5,6 @@
 #include "text.h"
 
 #include <algorithm>
-#include <cmath>
 
 namespace Figures
 {
@@ -31,12 +30,12 @@ void drawMark( Canvas& canvas, float left, float top, const LegendRow& row )
         break;
     case Mark::STRIPES:
         canvas.fillRoundedRectangle( left, top, SWATCH, SWATCH, 0, row.color, 1 );
-        for ( float x = 0; x < SWATCH; ++x )
+        for ( int x = 0; x < static_cast<int>( SWATCH ); ++x )
         {
-            for ( float y = 0; y < SWATCH; ++y )
+            for ( int y = 0; y < static_cast<int>( SWATCH ); ++y )
             {
-                const bool isSecond = std::fmod( x + y, 9.0F ) < 4.5F;
-                canvas.blend( static_cast<int>( left + x ), static_cast<int>( top + y ), row.second, isSecond ? 1 : 0 );
+                const float isSecond = ( x + y ) % 9 < 5 ? 1.0F : 0.0F;
+                canvas.blend( static_cast<int>( left ) + x, static_cast<int>( top ) + y, row.second, isSecond );
             }
         }
         break;

@@ -139,8 +139,10 @@ void Scene::drawDashes( const GePoint3<float>& begin, const GePoint3<float>& end
 {
     const GeVector3<float> way = end - begin;
     const float step = length / way.length();
-    for ( float t = 0; t < 1; t += 2 * step )
+    const int nbDashes = static_cast<int>( std::ceil( 0.5F / step ) );
+    for ( int i = 0; i < nbDashes; ++i )
     {
+        const float t = 2 * step * static_cast<float>( i );
         drawLine( begin + way * t, begin + way * std::min( t + step, 1.0F ), width, color, hiddenOpacity );
     }
 }
