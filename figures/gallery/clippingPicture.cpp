@@ -34,8 +34,8 @@ std::vector<Line> makeLines()
     std::vector<Line> lines;
     for ( int i = 0; i < 26; ++i )
     {
-        const GePoint3<float> begin( -3.2F, uniform( -2.2F, 2.2F ), uniform( 0, 3.2F ) );
-        const GePoint3<float> end( 3.2F, uniform( -2.2F, 2.2F ), uniform( 0, 3.2F ) );
+        const GePoint3<float> begin{ -3.2F, uniform( -2.2F, 2.2F ), uniform( 0, 3.2F ) };
+        const GePoint3<float> end{ 3.2F, uniform( -2.2F, 2.2F ), uniform( 0, 3.2F ) };
         lines.push_back( { begin, end - begin } );
     }
     return lines;

@@ -39,9 +39,10 @@ std::vector<House> makeTown( const Frustum& frustum )
     {
         for ( int j = -9; j < 10; ++j )
         {
-            const GePoint3<float> corner( static_cast<float>( i ) * 1.1F + uniform( 0, 0.3F ),
-                static_cast<float>( j ) * 1.1F + uniform( 0, 0.3F ), 0 );
-            const GeVector3<float> size( uniform( 0.4F, 0.75F ), uniform( 0.4F, 0.75F ), uniform( 0.25F, 1.5F ) );
+            // in braces, where the order is that of the text
+            const GePoint3<float> corner{ static_cast<float>( i ) * 1.1F + uniform( 0, 0.3F ),
+                static_cast<float>( j ) * 1.1F + uniform( 0, 0.3F ), 0 };
+            const GeVector3<float> size{ uniform( 0.4F, 0.75F ), uniform( 0.4F, 0.75F ), uniform( 0.25F, 1.5F ) };
             const Box box( corner, corner + size );
             Solid visible = makeBox( box );
             for ( int plane = 0; plane < Frustum::NB_PLANES; ++plane )
