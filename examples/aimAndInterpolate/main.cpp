@@ -2,12 +2,8 @@
 //
 // The page to copy from is rotationTrack.h with rotationTrack.cpp: aiming, slerp, and squad with its control quaternions.
 
-#include "commandLine.h"
-#include "options.h"
-#include "outputFiles.h"
-#include "picture.h"
-#include "pngEncoder.h"
-#include "scene.h"
+#include "example.h"
+#include "flight.h"
 
 #include <cmath>
 #include <iomanip>
@@ -16,6 +12,8 @@
 
 namespace AimAndInterpolate
 {
+
+using namespace Zq;
 
 namespace
 {
@@ -48,7 +46,7 @@ std::string formatAngles( const Rotation& rotation, Rotation::EulerConvention co
     return text.str();
 }
 
-void printKeys( const Scene& scene, const RotationTrack& track )
+void printKeys( const Flight& flight, const RotationTrack& track )
 {
     std::cout << "Euler angles of the keys in degrees\n";
     for ( const NamedConvention& named : CONVENTIONS )
@@ -61,7 +59,7 @@ void printKeys( const Scene& scene, const RotationTrack& track )
         std::cout << "  " << std::setw( 27 ) << named.name;
     }
     std::cout << '\n';
-    for ( std::size_t i = 0; i < scene.keys.size(); ++i )
+    for ( std::size_t i = 0; i < flight.keys.size(); ++i )
     {
         std::cout << std::setw( 3 ) << i + 1;
         for ( const NamedConvention& named : CONVENTIONS )
@@ -72,30 +70,49 @@ void printKeys( const Scene& scene, const RotationTrack& track )
     }
 }
 
-int run( const Options& options )
+// How fast the camera turns at a time, in degrees per unit of time: by how much over a short while.
+double computeSpeed( Rotation ( RotationTrack::*motion )( double ) const, const RotationTrack& track, double time )
 {
-    Examples::checkWritable( options.pictureFile );
-    const Scene scene = makeScene();
-    const RotationTrack track = makeTrack( scene );
-    const Examples::Canvas picture = drawPicture( scene, track, options.nbSteps, options.nbSpins );
-    Examples::writeAll( { { options.pictureFile, Examples::encodePng( picture ) } } );
+    constexpr double DEGREES = 57.29577951308232;
+    constexpr double STEP = 1e-4;
+    const Rotation turn = ( track.*motion )( time + STEP ) * ( track.*motion )( time ).computeInverse();
+    GeVector3<double> axis;
+    double angle = 0;
+    ( turn.getW() < 0 ? -turn : turn ).getAxisAngle( axis, angle );
+    return DEGREES * angle / STEP;
+}
 
-    printKeys( scene, track );
-    std::cout << "\nwrote " << options.pictureFile.string() << '\n';
-    return 0;
+void printSpeeds( const RotationTrack& track )
+{
+    std::cout << "\nspeed of turning in degrees per unit of time; the keys are at 0, 1, 2, ...\n"
+              << " time  slerp  squad\n"
+              << std::fixed;
+    constexpr int NB_STEPS = 4; // between one key and the next
+    for ( int i = 0; i < NB_STEPS * static_cast<int>( track.getEnd() ); ++i )
+    {
+        const double time = static_cast<double>( i ) / NB_STEPS;
+        std::cout << std::setprecision( 2 ) << std::setw( 5 ) << time << std::setprecision( 0 ) << std::setw( 7 )
+                  << computeSpeed( &RotationTrack::slerp, track, time ) << std::setw( 7 )
+                  << computeSpeed( &RotationTrack::squad, track, time ) << '\n';
+    }
 }
 
 } // namespace
+
+static void answer()
+{
+    const Flight flight = makeFlight();
+    const RotationTrack track = makeTrack( flight );
+    printKeys( flight, track );
+    printSpeeds( track );
+}
 
 } // namespace AimAndInterpolate
 
 int main( int argc, char** argv )
 {
-    using namespace AimAndInterpolate;
-    return Examples::runProgram( "aimAndInterpolate",
-        [&]
-        {
-            const std::optional<Options> options = parseOptions( argc, argv );
-            return options ? run( *options ) : 0;
-        } );
+    return Examples::runExample( argc, argv, "aimAndInterpolate",
+        "How does a camera turn that is aimed at a few keys? Prints the keys as Euler angles, and how fast slerp and\n"
+        "squad turn between them.",
+        AimAndInterpolate::answer );
 }

@@ -1,13 +1,14 @@
 // cullMesh: from a camera, which clusters of a mesh need not be drawn?
 //
-// The page to copy from is culling.h, with clusters.cpp for the bounds and support/camera.cpp for the matrices.
+// The page to copy from is culling.h, with clusters.cpp for the bounds and support/camera.cpp for the matrices. What
+// draws is in figures/cullMesh.
 
 #include "commandLine.h"
+#include "cullMeshPictures.h"
 #include "meshFile.h"
 #include "options.h"
 #include "outputFiles.h"
-#include "pictures.h"
-#include "pngEncoder.h"
+#include "pngFile.h"
 #include "progressLine.h"
 #include "report.h"
 #include "teapot.h"
@@ -99,19 +100,24 @@ int run( const Options& options )
     if ( options.hasPictures )
     {
         const Shot shot = { mesh, clusters, report.cameras.front(), verdicts, report.tally };
-        files.push_back( { options.viewFile, Examples::encodePng( drawView( shot ) ) } );
-        files.push_back( { options.sceneFile, Examples::encodePng( drawScene( shot ) ) } );
+        files.push_back( { options.viewFile, Figures::encodePng( drawView( shot ) ) } );
+        files.push_back( { options.sceneFile, Figures::encodePng( drawScene( shot ) ) } );
     }
-    if ( !options.jsonFile.empty() )
+    if ( !options.jsonFile.empty() && !options.isJsonPrinted() )
     {
         files.push_back( { options.jsonFile, makeJson( options, report ) } );
     }
     Examples::writeAll( files );
 
-    printReport( std::cout, options, report );
+    if ( options.isJsonPrinted() )
+    {
+        std::cout << makeJson( options, report );
+    }
+    std::ostream& people = options.isJsonPrinted() ? std::cerr : std::cout;
+    printReport( people, options, report );
     for ( const Examples::OutputFile& file : files )
     {
-        std::cout << "  wrote " << file.path.string() << '\n';
+        people << "  wrote " << file.path.string() << '\n';
     }
     return report.check.computeViolations() == 0 ? 0 : 1;
 }

@@ -39,7 +39,7 @@ struct Preparation
 {
     std::size_t nbTrianglesRead = 0;
     std::size_t nbTrianglesDropped = 0; // a point used twice, or no area
-    std::size_t nbPointsWelded = 0;     // points that had the position of another
+    std::size_t nbPointsWelded = 0;     // points of the raw mesh that had the position of another
     Zq::GePoint3<double> center;        // of the box; moved to the origin
     double scale = 1;                   // applied about the centre, so that the farthest point is at distance 1
 };

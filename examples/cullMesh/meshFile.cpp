@@ -7,7 +7,10 @@
 #include <assimp/postprocess.h>
 #include <assimp/scene.h>
 
+#include <array>
+#include <cmath>
 #include <filesystem>
+#include <map>
 
 namespace CullMesh
 {
@@ -20,21 +23,39 @@ std::string makeFirstLine( const std::string& text )
     return text.substr( 0, text.find_first_of( "\r\n" ) );
 }
 
-void append( RawMesh& raw, const aiMesh& part )
+// The number of each vertex's point. The reader gives every face vertices of its own, so one point comes as often as
+// there are faces around it: such copies become one again, and are none of the mesh's points.
+std::vector<std::uint32_t> addPoints( RawMesh& raw, const aiMesh& part )
 {
-    const auto firstPoint = static_cast<std::uint32_t>( raw.points.size() );
+    std::map<std::array<float, 3>, std::uint32_t> known;
+    std::vector<std::uint32_t> numbers;
     for ( unsigned i = 0; i < part.mNumVertices; ++i )
     {
         const aiVector3D& vertex = part.mVertices[i];
-        raw.points.emplace_back( Zq::GePoint3<float>( vertex.x, vertex.y, vertex.z ) );
+        auto number = static_cast<std::uint32_t>( raw.points.size() );
+        if ( std::isfinite( vertex.x ) && std::isfinite( vertex.y ) && std::isfinite( vertex.z ) )
+        {
+            number = known.emplace( std::array<float, 3>{ vertex.x, vertex.y, vertex.z }, number ).first->second;
+        }
+        if ( number == raw.points.size() )
+        {
+            raw.points.emplace_back( Zq::GePoint3<float>( vertex.x, vertex.y, vertex.z ) );
+        }
+        numbers.push_back( number );
     }
+    return numbers;
+}
+
+void append( RawMesh& raw, const aiMesh& part )
+{
+    const std::vector<std::uint32_t> numbers = addPoints( raw, part );
     for ( unsigned i = 0; i < part.mNumFaces; ++i )
     {
         const aiFace& face = part.mFaces[i];
         if ( face.mNumIndices == 3 )
         {
             raw.triangles.push_back(
-                { firstPoint + face.mIndices[0], firstPoint + face.mIndices[1], firstPoint + face.mIndices[2] } );
+                { numbers[face.mIndices[0]], numbers[face.mIndices[1]], numbers[face.mIndices[2]] } );
         }
     }
 }

@@ -41,6 +41,25 @@ GePoint3<float> parsePoint( const std::string& option, const std::string& text )
     return { numbers[0], numbers[1], numbers[2] };
 }
 
+// A number, or two with a slash between them.
+float parseRatio( const std::string& option, const std::string& text, double lowest, double highest )
+{
+    const std::size_t slash = text.find( '/' );
+    if ( slash == std::string::npos )
+    {
+        return static_cast<float>( Examples::parseNumber( option, text, lowest, highest ) );
+    }
+    const double above = Examples::parseNumber( option, text.substr( 0, slash ), 1e-6, 1e6 );
+    const double below = Examples::parseNumber( option, text.substr( slash + 1 ), 1e-6, 1e6 );
+    if ( !( above / below >= lowest && above / below <= highest ) )
+    {
+        std::ostringstream complaint;
+        complaint << option << ": '" << text << "' is not a ratio from " << lowest << " to " << highest;
+        throw Examples::BadInput( complaint.str() );
+    }
+    return static_cast<float>( above / below );
+}
+
 // Options whose values are read by our own rules, so that every complaint is of one form.
 class Parser
 {
@@ -61,6 +80,13 @@ public:
         return add( name, "NUMBER", help,
             [name, &target]( const std::string& text )
             { target = static_cast<float>( Examples::parseNumber( name, text, 1e-4, 1e4 ) ); } );
+    }
+
+    CLI::Option* addRatio(
+        const std::string& name, float& target, double lowest, double highest, const std::string& help )
+    {
+        return add( name, "RATIO", help,
+            [=, &target]( const std::string& text ) { target = parseRatio( name, text, lowest, highest ); } );
     }
 
     CLI::Option* addList(
@@ -129,9 +155,10 @@ std::optional<Options> parseOptions( int argc, const char* const* argv )
     Parser parser( app );
     CLI::Option* const segments = parser.addNumber<unsigned>( "--teapot-segments", options.teapotSegments, 1, 256,
         "The teapot's segments along a patch side [32; 91 make 529,256 triangles]" );
-    parser.addText( "--mesh", "FILE", options.meshFile, "Another mesh, in any format that assimp reads" )
-        ->excludes( segments );
-    parser.addAxis( "--up", options.isYUp, "The axis that points up in the mesh, y or z [z]" );
+    CLI::Option* const mesh =
+        parser.addText( "--mesh", "FILE", options.meshFile, "Another mesh, in any format that assimp reads" )
+            ->excludes( segments );
+    parser.addAxis( "--up", options.isYUp, "The axis that points up in the mesh of --mesh, y or z [z]" )->needs( mesh );
     parser.addNumber<std::size_t>(
         "--cluster-size", options.clusterSize, 1, 1000000, "The most triangles that a cluster may have [64]" );
 
@@ -139,7 +166,7 @@ std::optional<Options> parseOptions( int argc, const char* const* argv )
     CLI::Option* const target = parser.addPoint( "--target", options.target, "What it looks at [-0.3,0,0.05]" );
     parser.addNumber<double>(
         "--fov", options.fieldOfViewDegrees, 0.1, 179, "The angle of view from bottom to top, in degrees [30]" );
-    parser.addNumber<double>( "--aspect", options.aspect, 0.05, 20, "Width / height of the view [4/3]" );
+    parser.addRatio( "--aspect", options.aspect, 0.05, 20, "Width / height of the view, as in 1.5 or 3/2 [4/3]" );
     parser.addDistance( "--near", options.nearDistance, "The near clip plane [fitted to the mesh]" );
     parser.addDistance( "--far", options.farDistance, "The far clip plane [fitted to the mesh]" );
 
@@ -155,7 +182,8 @@ std::optional<Options> parseOptions( int argc, const char* const* argv )
     parser.addText( "--view", "NAME", viewName, "The picture from the camera [cullMesh-view.png]" );
     parser.addText( "--scene", "NAME", sceneName, "The picture from outside [cullMesh-scene.png]" );
     app.add_flag( "--no-pictures", hasNoPictures, "Draw nothing" );
-    parser.addText( "--json", "FILE", options.jsonFile, "The report for programs" );
+    parser.addText( "--json", "FILE", options.jsonFile,
+        "The report for programs; - is the standard output, and the one for people goes to stderr" );
 
     if ( !Examples::parseCommandLine( app, argc, argv ) )
     {
@@ -164,7 +192,8 @@ std::optional<Options> parseOptions( int argc, const char* const* argv )
     options.hasPictures = !hasNoPictures && options.nbOrbitEyes == 0;
     options.viewFile = folder / viewName;
     options.sceneFile = folder / sceneName;
-    if ( options.eye == options.target )
+    constexpr float SAME = 1e-6F;
+    if ( ( options.eye - options.target ).length() < SAME )
     {
         throw Examples::BadInput( "--eye and --target are the same point" );
     }
@@ -183,7 +212,7 @@ std::vector<std::filesystem::path> Options::getOutputs() const
     {
         outputs = { viewFile, sceneFile };
     }
-    if ( !jsonFile.empty() )
+    if ( !jsonFile.empty() && !isJsonPrinted() )
     {
         outputs.push_back( jsonFile );
     }

@@ -32,7 +32,10 @@ struct Options
     bool hasPictures = true;
     std::filesystem::path viewFile;
     std::filesystem::path sceneFile;
-    std::filesystem::path jsonFile; // empty: none
+    std::filesystem::path jsonFile; // empty: none; "-": the standard output
+
+    /// Whether the standard output belongs to the report for programs.
+    bool isJsonPrinted() const { return jsonFile == "-"; }
 
     /// The files to be written.
     std::vector<std::filesystem::path> getOutputs() const;

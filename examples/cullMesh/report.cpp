@@ -13,6 +13,7 @@ namespace CullMesh
 namespace
 {
 
+using Examples::makeCountText;
 using Examples::makeDecimalText;
 using Examples::makeGroupedText;
 using Json = nlohmann::ordered_json;
@@ -44,13 +45,13 @@ void printRow( std::ostream& os, const std::string& label, const Count& count, c
 void printMesh( std::ostream& os, const Report& report )
 {
     const Preparation& preparation = report.preparation;
-    os << report.meshName << ": " << makeGroupedText( report.nbTriangles ) << " triangles, "
-       << makeGroupedText( report.nbPoints ) << " points\n"
-       << "  " << makeGroupedText( preparation.nbTrianglesDropped ) << " triangles without area dropped, "
-       << makeGroupedText( preparation.nbPointsWelded ) << " points welded\n"
+    os << report.meshName << ": " << makeCountText( report.nbTriangles, "triangle" ) << ", "
+       << makeCountText( report.nbPoints, "point" ) << '\n'
+       << "  " << makeCountText( preparation.nbTrianglesDropped, "triangle" ) << " without area dropped, "
+       << makeCountText( preparation.nbPointsWelded, "point" ) << " welded\n"
        << "  scaled by " << preparation.scale << " about " << preparation.center << " to radius 1 about the origin\n"
-       << "  " << makeGroupedText( report.nbClusters ) << " clusters of at most "
-       << makeGroupedText( report.clusterSize ) << " triangles; the cone of "
+       << "  " << makeCountText( report.nbClusters, "cluster" ) << " of at most "
+       << makeCountText( report.clusterSize, "triangle" ) << "; the cone of "
        << makeGroupedText( report.withoutCone.clusters ) << " is not usable\n";
 }
 
@@ -63,7 +64,7 @@ void printCamera( std::ostream& os, const Options& options, const Report& report
     }
     else
     {
-        os << makeGroupedText( options.nbOrbitEyes ) << " eyes around the origin, at distances in turn";
+        os << makeCountText( options.nbOrbitEyes, "eye" ) << " around the origin, at distances in turn";
         for ( const float distance : options.orbitDistances )
         {
             os << ' ' << distance;
@@ -121,8 +122,8 @@ void printReport( std::ostream& os, const Options& options, const Report& report
        << "  seconds: " << makeDecimalText( timing.making + timing.preparation, 3 ) << " to make the mesh; "
        << makeDecimalText( timing.splitting, 3 ) << " to split it, " << makeDecimalText( timing.bounding, 3 )
        << " to bound the clusters, " << makeDecimalText( timing.culling, 6 ) << " to cull them for one eye\n"
-       << "  self-check in double precision: " << makeGroupedText( report.check.computeViolations() )
-       << " violations\n";
+       << "  self-check in double precision: " << makeCountText( report.check.computeViolations(), "violation" )
+       << '\n';
 }
 
 std::string makeJson( const Options& options, const Report& report )

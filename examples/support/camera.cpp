@@ -2,6 +2,8 @@
 
 #include <zq/primitives/geUnitVector3.h>
 
+#include <cmath>
+
 namespace Examples
 {
 
@@ -13,11 +15,12 @@ GeAffineMatrix3<T> makeView( const Camera& camera )
     const GePoint3<T> eye( camera.eye );
     const GeUnitVector3<T> back( eye - GePoint3<T>( camera.target ) );
 
-    // Looking straight up or down, y takes the part of the upward direction.
-    const GeVector3<T> z( 0, 0, 1 );
-    const GeVector3<T> y( 0, 1, 0 );
-    const bool isSteep = z.cross( back ).length() < static_cast<T>( 1e-3 );
-    const GeUnitVector3<T> right( ( isSteep ? y : z ).cross( back ) );
+    // Looking straight up or down, another axis takes the part of the upward direction.
+    const GeVector3<T> upward( camera.up );
+    const bool isSteep = upward.cross( back ).length() < static_cast<T>( 1e-3 ) * upward.length();
+    const GeVector3<T> other =
+        std::abs( camera.up.getY() ) > std::abs( camera.up.getZ() ) ? GeVector3<T>( 0, 0, 1 ) : GeVector3<T>( 0, 1, 0 );
+    const GeUnitVector3<T> right( ( isSteep ? other : upward ).cross( back ) );
     const GeUnitVector3<T> up( back.cross( right ) );
 
     // The rows are the camera's axes: a vector's components along them are its coordinates in camera space.

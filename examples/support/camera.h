@@ -9,7 +9,7 @@
 namespace Examples
 {
 
-/// An eye that looks at a target, upright where z points up.
+/// An eye that looks at a target, upright.
 struct Camera
 {
     Zq::GePoint3<float> eye;
@@ -18,6 +18,7 @@ struct Camera
     float aspect;       // width / height
     float nearDistance; // of the clip planes, along the line of sight
     float farDistance;
+    Zq::GeVector3<float> up = { 0, 0, 1 }; // of the world
 };
 
 /// From world space to camera space: the eye at the origin, x to the right, y up, looking along -z.

@@ -15,6 +15,7 @@ namespace Examples
 
 bool parseCommandLine( CLI::App& app, int argc, const char* const* argv )
 {
+    app.set_version_flag( "--version", app.get_name() + " " ZQ_VERSION, "Print the version and exit" );
     try
     {
         app.parse( argc, argv );
@@ -22,6 +23,11 @@ bool parseCommandLine( CLI::App& app, int argc, const char* const* argv )
     catch ( const CLI::CallForHelp& )
     {
         std::cout << app.help();
+        return false;
+    }
+    catch ( const CLI::CallForVersion& version )
+    {
+        std::cout << version.what() << '\n';
         return false;
     }
     catch ( const CLI::ParseError& error )

@@ -12,7 +12,8 @@ class App;
 namespace Examples
 {
 
-/// Whether there is something left to do: false when help was asked for, and printed. Throws BadInput.
+/// Adds --version. Whether there is something left to do: false when help or the version was asked for, and printed.
+/// Throws BadInput.
 bool parseCommandLine( CLI::App& app, int argc, const char* const* argv );
 
 /// The whole text as a number from lowest to highest, for double, int, unsigned, unsigned long and unsigned long

@@ -17,6 +17,11 @@ std::string makeGroupedText( std::size_t number )
     return text;
 }
 
+std::string makeCountText( std::size_t number, const std::string& noun )
+{
+    return makeGroupedText( number ) + ' ' + noun + ( number == 1 ? "" : "s" );
+}
+
 std::string makeDecimalText( double number, int nbDecimals )
 {
     std::ostringstream text;

@@ -1,7 +1,7 @@
 // The rotations of the example, and the program as a user meets it.
 
+#include "flight.h"
 #include "rotationTrack.h"
-#include "scene.h"
 
 #include <gtest/gtest.h>
 
@@ -53,18 +53,18 @@ TEST( AimAndInterpolate, AnAimedCameraSeesItsTargetUprightInTheMiddle )
 
 TEST( AimAndInterpolate, BothWaysPassTheKeysAndOnlySquadKeepsItsSpeed )
 {
-    const Scene scene = makeScene();
-    const RotationTrack track = makeTrack( scene );
+    const Flight flight = makeFlight();
+    const RotationTrack track = makeTrack( flight );
     double jump = 0;
-    for ( std::size_t i = 0; i < scene.keys.size(); ++i )
+    for ( std::size_t i = 0; i < flight.keys.size(); ++i )
     {
         const auto time = static_cast<double>( i );
-        const Key& key = scene.keys[i];
-        const GeVector3<double> sight = ( scene.balls[key.ball].center - key.eye ).computeUnit();
+        const Key& key = flight.keys[i];
+        const GeVector3<double> sight = ( flight.balls[key.ball].center - key.eye ).computeUnit();
         EXPECT_TRUE( ( track.slerp( time ) * GeVector3<double>( 0, 0, -1 ) ).isEqual( sight, 1e-9 ) );
         EXPECT_TRUE( isSameRotation( track.squad( time ), track.slerp( time ) ) );
-        EXPECT_TRUE( ( computeEye( scene, time ) - key.eye ).isEqual( GeVector3<double>(), 1e-12 ) );
-        if ( i > 0 && i + 1 < scene.keys.size() )
+        EXPECT_TRUE( ( computeEye( flight, time ) - key.eye ).isEqual( GeVector3<double>(), 1e-12 ) );
+        if ( i > 0 && i + 1 < flight.keys.size() )
         {
             constexpr double STEP = 1e-5;
             const auto computeJump = [&]( Motion motion )
@@ -82,7 +82,7 @@ TEST( AimAndInterpolate, BothWaysPassTheKeysAndOnlySquadKeepsItsSpeed )
 
 TEST( AimAndInterpolate, TheSignsOfTheKeysPlayNoPart )
 {
-    const RotationTrack track = makeTrack( makeScene() );
+    const RotationTrack track = makeTrack( makeFlight() );
     std::vector<Rotation> keys;
     for ( int i = 0; i <= 4; ++i )
     {
@@ -132,23 +132,19 @@ private:
 
 TEST_F( AimAndInterpolateProgram, PrintsTheKeysAsThePageShowsThem )
 {
-    ASSERT_EQ( run( "--out picture.png" ), 0 ) << read( "err" );
+    ASSERT_EQ( run( "" ), 0 ) << read( "err" );
     EXPECT_EQ( read( "err" ), "" );
-    EXPECT_EQ( read( "picture.png" ).substr( 0, 8 ), "\x89PNG\r\n\x1a\n" );
     std::ifstream stream( ZQ_DOCS_DIR "/eulerConventions.md" );
     std::ostringstream page;
     page << stream.rdbuf();
     const std::string printed = read( "out" );
-    const std::string table = printed.substr( 0, printed.find( "\nwrote" ) );
+    const std::string table = printed.substr( 0, printed.find( "\nspeed" ) );
     EXPECT_NE( page.str().find( table ), std::string::npos ) << printed;
 }
 
 TEST_F( AimAndInterpolateProgram, RefusesBadArgumentsInOneLine )
 {
-    for ( const std::string arguments :
-        { "--bogus", "extra", "--steps", "--steps 0", "--steps 33", "--steps -1", "--steps 8x", "--steps ''",
-            "--steps 1.5", "--steps 8 --steps 9", "--spins 4", "--spins -1", "--spins 99999999999", "--out", "--out ''",
-            "--out missing/picture.png", "--out .", "--out /dev/full", "--steps 'a\nb'" } )
+    for ( const std::string arguments : { "--bogus", "extra", "--out", "--out picture.png", "''", "'a\nb'" } )
     {
         EXPECT_EQ( run( arguments ), 2 ) << arguments;
         const std::string errors = read( "err" );

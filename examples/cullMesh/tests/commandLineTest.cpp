@@ -183,16 +183,52 @@ TEST_F( CullMesh, StaysRightFromAnyPlace )
     }
 }
 
+TEST_F( CullMesh, TakesTheAspectAsHelpPrintsIt )
+{
+    ASSERT_EQ( run( "--teapot-segments 2 --no-pictures --aspect 4/3 --json ratio.json" ).exitCode, 0 );
+    ASSERT_EQ( run( "--teapot-segments 2 --no-pictures --json default.json" ).exitCode, 0 );
+    const auto readView = [&]( const std::string& name )
+    { return nlohmann::json::parse( readFile( getWorkFolder() / name ) )["view"]; };
+    EXPECT_EQ( readView( "ratio.json" ), readView( "default.json" ) );
+}
+
+TEST_F( CullMesh, PrintsTheReportForProgramsWhenAskedTo )
+{
+    const Result result = run( "--teapot-segments 2 --json -" );
+    EXPECT_EQ( result.exitCode, 0 );
+    EXPECT_EQ( nlohmann::json::parse( result.output, nullptr, false )["violations"]["behind"], 0 ) << result.output;
+    EXPECT_NE( result.errors.find( ": 0 violations" ), std::string::npos ) << result.errors;
+    EXPECT_FALSE( fs::exists( getWorkFolder() / "-" ) );
+    EXPECT_EQ( run( "--teapot-segments 2 --no-pictures --json -", "/dev/full" ).exitCode, 2 );
+}
+
+TEST_F( CullMesh, CountsOneAsOne )
+{
+    const Result result = run( "--teapot-segments 2 --no-pictures --cluster-size 1" );
+    EXPECT_NE( result.output.find( "clusters of at most 1 triangle;" ), std::string::npos ) << result.output;
+    EXPECT_NE( run( "--teapot-segments 2 --orbit 1" ).output.find( "\n1 eye around" ), std::string::npos );
+}
+
+TEST_F( CullMesh, TellsItsVersion )
+{
+    const Result result = run( "--version" );
+    EXPECT_EQ( result.exitCode, 0 );
+    EXPECT_EQ( result.output, "cullMesh " CULL_MESH_VERSION "\n" );
+    EXPECT_TRUE( listFiles().empty() );
+}
+
 TEST_F( CullMesh, RefusesBadArguments )
 {
     for ( const std::string arguments :
-        { "--bogus", "extra", "--up x", "--up", "--fov", "--fov abc", "--fov nan", "--fov 0", "--fov 180", "--fov -5",
-            "--fov 30x", "--fov ''", "--fov ' 30'", "--aspect 0", "--aspect inf", "--cluster-size 0",
-            "--cluster-size -1", "--cluster-size 1.5", "--teapot-segments 0", "--teapot-segments 1000000",
-            "--near 3 --far 2", "--near 2 --far 2", "--far 0.5", "--near 0", "--near -1", "--eye 1,2", "--eye 1,2,3,4",
-            "--eye 1,,2", "--eye 1,2,", "--eye nan,0,0", "--eye 1e39,0,0", "--eye 1,1,1 --target 1,1,1", "--orbit 0",
-            "--orbit 9 --eye 1,1,1", "--distance 3", "--orbit 9 --distance 0", "--orbit 9 --distance 1,,2",
-            "--mesh x.obj --teapot-segments 4", "--mesh ''", "--json ''", "--fov 'a\nb'" } )
+        { "--bogus", "extra", "--up x", "--up", "--up y", "--up z", "--fov", "--fov abc", "--fov nan", "--fov 0",
+            "--fov 180", "--fov -5", "--fov 30x", "--fov ''", "--fov ' 30'", "--aspect 0", "--aspect inf",
+            "--aspect 4/", "--aspect /3", "--aspect 4/0", "--aspect 4/3/2", "--aspect 100/2", "--aspect -4/-3",
+            "--aspect nan/1", "--cluster-size 0", "--cluster-size -1", "--cluster-size 1.5", "--teapot-segments 0",
+            "--teapot-segments 1000000", "--near 3 --far 2", "--near 2 --far 2", "--far 0.5", "--near 0", "--near -1",
+            "--eye 1,2", "--eye 1,2,3,4", "--eye 1,,2", "--eye 1,2,", "--eye nan,0,0", "--eye 1e39,0,0",
+            "--eye 1,1,1 --target 1,1,1", "--eye 0,0,0 --target 1e-30,0,0", "--orbit 0", "--orbit 9 --eye 1,1,1",
+            "--distance 3", "--orbit 9 --distance 0", "--orbit 9 --distance 1,,2", "--mesh x.obj --teapot-segments 4",
+            "--mesh ''", "--json ''", "--fov 'a\nb'" } )
     {
         expectRefused( arguments );
     }
@@ -228,11 +264,12 @@ TEST_F( CullMesh, ReadsAMeshAndSaysWhatItDropped )
         std::string( TETRAHEDRON ) +
             "v 2 0 0\nv 1 0 0\nv 5 5 0\nv 7 5 0\nv 7 7 0\nv 5 7 0\n"
             "f 1 5 3\nf 2 2 4\nf 1 6 2\nf 7 8 9 10\n" );
-    ASSERT_EQ( run( "--mesh solid.obj --json solid.json --no-pictures" ).exitCode, 0 );
+    ASSERT_EQ( run( "--mesh solid.obj --up z --json solid.json --no-pictures" ).exitCode, 0 );
     const nlohmann::json mesh = nlohmann::json::parse( readFile( getWorkFolder() / "solid.json" ) )["mesh"];
     EXPECT_EQ( mesh["triangles"], 7 );
     EXPECT_EQ( mesh["trianglesDropped"], 2 );
     EXPECT_EQ( mesh["points"], 8 );
+    EXPECT_EQ( mesh["pointsWelded"], 0 ); // what the reader copied for each face is no point of the mesh
     EXPECT_EQ( mesh["center"], nlohmann::json( { 3.5, 3.5, 1 } ) );
 }
 

@@ -1,0 +1,12 @@
+#include "palette.h"
+
+namespace Figures
+{
+
+const Palette& getPalette()
+{
+    static const Palette palette;
+    return palette;
+}
+
+} // namespace Figures
