@@ -1,0 +1,578 @@
+#include "support/bits.h"
+#include "support/viewReference.h"
+#include <iostream>
+
+namespace
+{
+
+using ZqTest::Camera;
+using ZqTest::ExactView;
+using ZqTest::makeBoxNear;
+using ZqTest::makeCamera;
+using ZqTest::NB_FAMILIES;
+
+ZQ_TWIN_SUITE( ViewVolume );
+
+/// A pair of eyes that look along -z, 0.064 apart, each turned outwards by the angle; depth from 0 to 1, from 0.1 on.
+std::array<Camera, 2> makeEyes( double angle, double offCentre, double farDistance )
+{
+    std::array<Camera, 2> eyes;
+    for ( std::size_t eye = 0; eye < 2; ++eye )
+    {
+        const long double side = eye == 0 ? -1 : 1, c = std::cos( angle ), s = side * std::sin( angle );
+        ZqTest::Rows projection = {};
+        projection[0] = { 0.9L, 0, side * offCentre, 0 };
+        projection[1] = { 0, 0.8L, 0, 0 };
+        ZqTest::setDepth( projection, GeDepthRange::ZERO_TO_ONE, 0.1L, farDistance, -1 );
+        const ZqTest::Rows view = {
+            { { c, 0, s, -c * side * 0.032L }, { 0, 1, 0, 0 }, { -s, 0, c, s * side * 0.032L }, { 0, 0, 0, 1 } } };
+        eyes[eye] = { ZqTest::multiply( projection, view ), GeDepthRange::ZERO_TO_ONE };
+    }
+    return eyes;
+}
+
+template <class T>
+constexpr auto OUTSIDE = GeViewVolume<T>::VIEW_OUTSIDE;
+template <class T>
+constexpr auto INSIDE = GeViewVolume<T>::VIEW_INSIDE;
+template <class T>
+constexpr auto INTERSECT = GeViewVolume<T>::VIEW_INTERSECT;
+
+template <class T>
+T magnitudeOf( const GeAlignedBox3<T>& box )
+{
+    T largest = 0;
+    for ( int axis = 0; axis < 3; ++axis )
+        largest =
+            std::max( { largest, std::fabs( box.getInterval( axis ).min ), std::fabs( box.getInterval( axis ).max ) } );
+    return largest;
+}
+
+/// Larger on every side, or smaller, by some units in the last place of the largest coordinate.
+template <class T>
+GeAlignedBox3<T> grow( const GeAlignedBox3<T>& box, T units )
+{
+    const T margin = units * epsilon<T> * magnitudeOf( box );
+    GeAlignedBox3<T> grown;
+    for ( int axis = 0; axis < 3; ++axis )
+        grown.setInterval( axis, { box.getInterval( axis ).min - margin, box.getInterval( axis ).max + margin } );
+    return grown;
+}
+
+/// For every family and every ratio of far to near from 10 to 10^9: test( random, camera, its rounded matrix, ratio ).
+template <class T, class Test>
+void forEachCamera( unsigned seed, int count, const Test& test )
+{
+    Random random( ZqTest::wideSeed() * 100 + seed );
+    for ( int family = 0; family < NB_FAMILIES; ++family )
+        for ( int power = 1; power <= 9; ++power )
+            for ( int i = 0; i < count; ++i )
+            {
+                const Camera camera = makeCamera( random, family, std::pow( 10.0L, power ) );
+                SCOPED_TRACE( "family " + std::to_string( family ) + ", ratio 10^" + std::to_string( power ) );
+                test( random, camera, camera.round<T>() );
+                if ( ::testing::Test::HasFailure() )
+                    return;
+            }
+}
+
+// What is proved is true, for every camera; and the zone without a verdict is only some roundings wide: a box that is
+// beyond one side, or within all, still when it is larger by a few of them, gets its verdict.
+ZQ_TWIN_TEST( ViewVolume, VerdictsAreTrueByExactRationalsAndFewAreWithheld )
+{
+    ZqTest::Verdicts seen = {};
+    forEachCamera<T>( 1, 6,
+        [&seen]( Random& random, const Camera& camera, const GeProjectiveMatrix3<T>& m )
+        {
+            const GeViewVolume<T> volume( m, camera.range );
+            const ExactView<T> exact( m, camera.range );
+            for ( int i = 0; i < 25; ++i )
+            {
+                const GeAlignedBox3<T> box = makeBoxNear<T>( random, camera );
+                const auto verdict = volume.classify( box );
+                ++seen[verdict];
+                const int witness = volume.findSeparatingPlane( box );
+                EXPECT_EQ( verdict == OUTSIDE<T>, witness >= 0 ) << box;
+                if ( witness >= 0 )
+                {
+                    EXPECT_LT( exact.largestSign( volume.getSide( witness ), box ), 0 ) << box;
+                }
+                EXPECT_TRUE( verdict != INSIDE<T> || exact.isWithinAll( box ) ) << box;
+                EXPECT_TRUE( verdict == OUTSIDE<T> || !exact.isBeyondOne( grow( box, T( 8 ) ) ) ) << box;
+                EXPECT_TRUE( verdict == INSIDE<T> || !exact.isWithinAll( grow( box, T( 8 ) ) ) ) << box;
+            }
+        } );
+    for ( const auto verdict : { OUTSIDE<T>, INSIDE<T>, INTERSECT<T> } )
+        EXPECT_GT( seen[verdict], 1000 );
+}
+
+ZQ_TWIN_TEST( ViewVolume, SpheresAreTrueByExactRationals )
+{
+    ZqTest::Verdicts seen = {};
+    forEachCamera<T>( 2, 3,
+        [&seen]( Random& random, const Camera& camera, const GeProjectiveMatrix3<T>& m )
+        {
+            const GeViewVolume<T> volume( m, camera.range );
+            const bool isWhole = camera.range == GeDepthRange::MINUS_ONE_TO_ONE;
+            for ( int i = 0; i < 10; ++i )
+            {
+                const GePoint3<T> c = makeBoxNear<T>( random, camera ).getCorner( 0 );
+                T radius = magnitudeOf( GeAlignedBox3<T>( c ) ) * random.uniform( T( -1 ), T( 1 ) );
+                // mostly one that nearly touches a side
+                mpq_class least;
+                for ( int side = 0; side < 6; ++side )
+                {
+                    mpq_class value, squares;
+                    for ( int k = 0; k < 4; ++k )
+                    {
+                        const mpq_class row( m( side / 2, k ) ), w( m( 3, k ) );
+                        const bool isUpper =
+                            ( side % 2 == 1 ) != ( side >= 4 && camera.range == GeDepthRange::ONE_TO_ZERO );
+                        const mpq_class n = isUpper ? mpq_class( w - row )
+                            : side < 4 || isWhole   ? mpq_class( w + row )
+                                                    : row;
+                        value += n * ( k < 3 ? mpq_class( c[k] ) : mpq_class( 1 ) );
+                        squares += k < 3 ? mpq_class( n * n ) : mpq_class( 0 );
+                    }
+                    if ( squares == 0 )
+                        continue;
+                    if ( side == i % 6 )
+                        radius = static_cast<T>( std::fabs( value.get_d() ) / std::sqrt( squares.get_d() ) ) *
+                            ( random.index( 2 ) ? 1 + epsilon<T> * T( random.index( 9 ) - 4 )
+                                                : random.uniform( T( 0.1 ), T( 1.5 ) ) );
+                    // in lengths of the normal, with its sign, squared
+                    const mpq_class distance = value * abs( value ) / squares;
+                    if ( side == 0 || distance < least )
+                        least = distance;
+                }
+                if ( !std::isfinite( radius ) )
+                    continue;
+                const auto verdict = volume.classify( GeSphere3<T>( c, radius ) );
+                ++seen[verdict];
+                const mpq_class square = mpq_class( radius ) * mpq_class( radius );
+                EXPECT_TRUE( verdict != OUTSIDE<T> || least < -square ) << c << radius;
+                EXPECT_TRUE( verdict != INSIDE<T> || least >= square ) << c << radius;
+                EXPECT_EQ( volume.classify( GeSphere3<T>( c, -radius ) ), verdict );
+            }
+        } );
+    for ( const auto verdict : { OUTSIDE<T>, INSIDE<T>, INTERSECT<T> } )
+        EXPECT_GT( seen[verdict], 50 );
+}
+
+// The worst case of the bound: products and sums whose roundings all go one way. Of this matrix z >= 0 alone
+// matters, with any coefficients. A point whose exact value is at least 0 is never outside, although its rounded one is more than half
+// the bound below; one that is at most 0 is never inside.
+ZQ_TWIN_TEST( ViewVolume, TheBoundIsNotTwiceAsLargeAsTheWorstCase )
+{
+    const T eps = epsilon<T>;
+    const int half = std::numeric_limits<T>::digits / 2;
+    Random random( 3 );
+    double worst = 0;
+    for ( int i = 0; i < 200000; ++i )
+    {
+        T n[3], p[3];
+        mpq_class exact;
+        // 1 + j eps times 1 + k eps loses j k eps^2, nearly half of eps; two of them have an odd sum in units of eps
+        for ( int axis = 0; axis < 2; ++axis )
+        {
+            n[axis] = 1 + eps * T( ( 1 << ( half - 1 ) ) + random.index( 1 << ( half - 2 ) ) );
+            p[axis] = 1 + eps * std::floor( T( 0.49 ) / ( n[axis] - 1 ) + T( random.index( 3 ) ) );
+        }
+        // a small product, only to end up between two numbers when the offset is added
+        n[2] = ( 1 + eps * T( random.index( 1 << 20 ) ) ) / 64;
+        p[2] = 1;
+        const T sum = ( n[0] * p[0] + n[1] * p[1] ) + n[2] * p[2];
+        const T d = -sum + eps * T( 2 * random.index( 8 ) - 4 );
+        for ( int axis = 0; axis < 3; ++axis )
+            exact += mpq_class( n[axis] ) * mpq_class( p[axis] );
+        exact += d;
+        if ( exact <= 0 )
+            continue;
+        const T computed = ( n[0] * p[0] + n[1] * p[1] ) + ( n[2] * p[2] + d );
+        const double reach = std::fabs( std::max( { double( p[0] ), double( p[1] ), double( p[2] ) } ) );
+        const double terms = 2 * double( n[0] + n[1] + n[2] );
+        worst =
+            std::max( worst, -double( computed ) / double( eps ) * 2 / ( terms * reach + std::fabs( double( d ) ) ) );
+        for ( const T sign : { T( 1 ), T( -1 ) } )
+        {
+            const double rows[4][4] = { {}, {},
+                { double( sign * n[0] ), double( sign * n[1] ), double( sign * n[2] ), double( sign * d ) },
+                { 0, 0, 0, 1000 } };
+            const GeViewVolume<T> volume( GeProjectiveMatrix3<T>( rows, false ), GeDepthRange::ZERO_TO_ONE );
+            const auto verdict = volume.classify( GePoint3<T>( p[0], p[1], p[2] ) );
+            ASSERT_NE( verdict, sign > 0 ? OUTSIDE<T> : INSIDE<T> );
+        }
+    }
+    EXPECT_GT( worst, 0.5 );
+}
+
+/// A placement with its elements rounded: turned, sheared, mirrored, of any size.
+template <class T>
+GeAffineMatrix3<T> makePlacement( Random& random, T distance )
+{
+    GeAffineMatrix3<T> m;
+    const T size = std::pow( T( 10 ), random.uniform( T( -3 ), T( 2 ) ) );
+    for ( int row = 0; row < 3; ++row )
+        for ( int column = 0; column < 4; ++column )
+            m( row, column ) = random.uniform( T( -1 ), T( 1 ) ) * ( column < 3 ? size : distance );
+    return m;
+}
+
+/// The rows of the matrix times the placement cannot be written in T: values of the sides at the corners, exactly.
+template <class T>
+std::array<std::pair<int, int>, 6> findSigns( const GeProjectiveMatrix3<T>& m, GeDepthRange range,
+    const GeAlignedBox3<T>& box, const GeAffineMatrix3<T>& toWorld )
+{
+    std::array<std::pair<int, int>, 6> signs; // smallest, largest
+    signs.fill( { 1, -1 } );
+    for ( int corner = 0; corner < 8; ++corner )
+    {
+        const GePoint3<T> p = box.getCorner( corner );
+        mpq_class world[4] = { 0, 0, 0, 1 }, clip[4];
+        for ( int row = 0; row < 3; ++row )
+            for ( int column = 0; column < 4; ++column )
+                world[row] +=
+                    mpq_class( toWorld( row, column ) ) * ( column < 3 ? mpq_class( p[column] ) : mpq_class( 1 ) );
+        for ( int row = 0; row < 4; ++row )
+            for ( int column = 0; column < 4; ++column )
+                clip[row] += mpq_class( m( row, column ) ) * world[column];
+        mpq_class depth[2] = {
+            range == GeDepthRange::MINUS_ONE_TO_ONE ? mpq_class( clip[3] + clip[2] ) : clip[2], clip[3] - clip[2] };
+        if ( range == GeDepthRange::ONE_TO_ZERO )
+            std::swap( depth[0], depth[1] );
+        const mpq_class values[6] = {
+            clip[3] + clip[0], clip[3] - clip[0], clip[3] + clip[1], clip[3] - clip[1], depth[0], depth[1] };
+        for ( std::size_t side = 0; side < 6; ++side )
+        {
+            signs[side].first = std::min( signs[side].first, sgn( values[side] ) );
+            signs[side].second = std::max( signs[side].second, sgn( values[side] ) );
+        }
+    }
+    return signs;
+}
+
+// Oriented boxes: the box with its placement, and the volume taken to the space of the box.
+ZQ_TWIN_TEST( ViewVolume, PlacedBoxesAreTrueByExactRationals )
+{
+    ZqTest::Verdicts seen[2] = {};
+    forEachCamera<T>( 4, 3,
+        [&seen]( Random& random, const Camera& camera, const GeProjectiveMatrix3<T>& m )
+        {
+            const GeViewVolume<T> volume( m, camera.range );
+            GeAffineMatrix3<T> toWorld = makePlacement( random, T( 0 ) );
+            const GeViewVolume<T> turned = volume.computeTransformed( toWorld );
+            for ( int i = 0; i < 10; ++i )
+            {
+                // its corner 7 comes to lie near a side
+                const GePoint3<T> corner = random.point<T>( 1 );
+                GeAlignedBox3<T> box( corner, corner - random.vector<T>( random.index( 3 ) == 0 ? T( 0 ) : T( 1 ) ) );
+                const GePoint3<T> target = makeBoxNear<T>( random, camera ).getCorner( 0 );
+                const GeVector3<T> offset = target - toWorld * corner;
+                GeAffineMatrix3<T> placed = toWorld;
+                for ( int row = 0; row < 3 && i % 2; ++row )
+                    placed( row, 3 ) = offset[row];
+                const auto signs = findSigns( m, camera.range, box, placed );
+                const bool isBeyond =
+                    std::any_of( signs.begin(), signs.end(), []( auto sign ) { return sign.second < 0; } );
+                const bool isWithin =
+                    std::all_of( signs.begin(), signs.end(), []( auto sign ) { return sign.first >= 0; } );
+                const auto verdict = volume.classify( box, placed );
+                const auto other = ( i % 2 ? volume.computeTransformed( placed ) : turned ).classify( box );
+                ++seen[0][verdict];
+                ++seen[1][other];
+                for ( const auto answer : { verdict, other } )
+                {
+                    EXPECT_TRUE( answer != OUTSIDE<T> || isBeyond ) << box << placed;
+                    EXPECT_TRUE( answer != INSIDE<T> || isWithin ) << box << placed;
+                }
+            }
+        } );
+    for ( const auto& kind : seen )
+        for ( const auto verdict : { OUTSIDE<T>, INSIDE<T>, INTERSECT<T> } )
+            EXPECT_GT( kind[verdict], 100 );
+}
+
+// Parts between any bounds, and tight verdicts: outside is without a common point, and a box that is apart from the volume
+// by more than roundings is outside.
+ZQ_TWIN_TEST( ViewVolume, PartsAndTightVerdictsAreTrueByExactRationals )
+{
+    int nbTight = 0;
+    forEachCamera<T>( 5, 1,
+        [&nbTight]( Random& random, const Camera& camera, const GeProjectiveMatrix3<T>& m )
+        {
+            std::array<T, 6> bounds;
+            for ( std::size_t i = 0; i < 6; i += 2 )
+            {
+                const T a = random.uniform( T( -1 ), T( 1 ) ), b = random.uniform( T( -1 ), T( 1 ) );
+                bounds[i] = std::min( a, b );
+                bounds[i + 1] = std::max( a, b );
+            }
+            const auto part = GeViewVolume<T>( m, camera.range )
+                                  .computePart( bounds[0], bounds[1], bounds[2], bounds[3], bounds[4], bounds[5] );
+            const ExactView<T> exact( m, camera.range, bounds );
+            Camera zoomed = camera; // maps the part to the cube, about
+            for ( std::size_t row = 0; row < 3; ++row )
+                for ( std::size_t i = 0; i < 4; ++i )
+                    zoomed.rows[row][i] =
+                        ( 2 * camera.rows[row][i] - ( bounds[2 * row + 1] + bounds[2 * row] ) * camera.rows[3][i] ) /
+                        ( bounds[2 * row + 1] - bounds[2 * row] );
+            zoomed.range = GeDepthRange::MINUS_ONE_TO_ONE;
+            for ( int i = 0; i < 6; ++i )
+            {
+                const GeAlignedBox3<T> box = makeBoxNear<T>( random, zoomed );
+                const auto verdict = part.classify( box ), tight = part.classifyTight( box );
+                EXPECT_TRUE( verdict != OUTSIDE<T> || exact.isBeyondOne( box ) ) << box;
+                EXPECT_TRUE( verdict != INSIDE<T> || exact.isWithinAll( box ) ) << box;
+                EXPECT_TRUE( tight == verdict || verdict == INTERSECT<T> ) << box;
+                if ( tight == OUTSIDE<T> && verdict == INTERSECT<T> )
+                {
+                    EXPECT_FALSE( exact.hasCommonPoint( box ) ) << box;
+                    ++nbTight;
+                }
+                else if ( tight == INTERSECT<T> )
+                {
+                    EXPECT_TRUE( exact.hasCommonPoint( grow( box, T( 64 ) ) ) ) << box;
+                }
+            }
+        } );
+    EXPECT_GT( nbTight, 0 );
+}
+
+// Swept by a box of offsets: what is outside is so for each offset, by interval arithmetic of rationals on the planes of
+// the matrix; and every corner of the offsets moves boxes that the volume meets into the swept one.
+ZQ_TWIN_TEST( ViewVolume, SweptVolumesHoldTheVolumeOfEveryEye )
+{
+    int nbOutside = 0;
+    forEachCamera<T>( 6, 3,
+        [&nbOutside]( Random& random, const Camera& camera, const GeProjectiveMatrix3<T>& m )
+        {
+            const GeViewVolume<T> volume( m, camera.range );
+            const ExactView<T> exact( m, camera.range );
+            const GePoint3<T> from = random.point<T>( 1 );
+            const GeAlignedBox3<T> offsets( from, from + random.vector<T>( random.index( 4 ) ? T( 1 ) : T( 0 ) ) );
+            const GeViewVolume<T> swept = volume.computeSwept( offsets );
+            for ( int i = 0; i < 10; ++i )
+            {
+                const GeAlignedBox3<T> box = makeBoxNear<T>( random, camera );
+                // seen from an eye that has moved by e, the box has moved by -e
+                bool isSeen = false, isExact = true;
+                for ( int corner = 0; corner < 8; ++corner )
+                {
+                    GeAlignedBox3<T> moved;
+                    for ( int axis = 0; axis < 3; ++axis )
+                    {
+                        const T e = offsets.getCorner( corner )[axis];
+                        const Interval<T> interval = box.getInterval( axis );
+                        const Interval<T> there( interval.min - e, interval.max - e );
+                        isExact = isExact && mpq_class( there.min ) == mpq_class( interval.min ) - mpq_class( e ) &&
+                            mpq_class( there.max ) == mpq_class( interval.max ) - mpq_class( e );
+                        moved.setInterval( axis, there );
+                    }
+                    isSeen = isSeen || !exact.isBeyondOne( moved );
+                }
+                const bool isOutside = swept.classify( box ) == OUTSIDE<T>;
+                nbOutside += isOutside;
+                if ( isExact || !isOutside )
+                {
+                    EXPECT_TRUE( !isOutside || !isSeen ) << box;
+                }
+            }
+        } );
+    EXPECT_GT( nbOutside, 300 );
+    const GeViewVolume<T> volume( makeEyes( 0, 0, 10 )[0].round<T>(), GeDepthRange::ZERO_TO_ONE );
+    EXPECT_EQ( volume.computeSwept( GeAlignedBox3<T>( GePoint3<T>() ) ), volume );
+}
+// Boxes of half size 1 to 200 around a volume 100 deep: everything without a common point is outside.
+ZQ_TWIN_TEST( ViewVolume, TightVerdictsKeepNothingThatIsOutside )
+{
+    const Camera camera = makeEyes( 0.3, 0, 100 )[0];
+    const GeProjectiveMatrix3<T> m = camera.round<T>();
+    const GeViewVolume<T> volume( m, camera.range );
+    const ExactView<T> exact( m, camera.range );
+    Random random( ZqTest::wideSeed() + 7 );
+    int nbKeptByPlanes = 0;
+    for ( int i = 0; i < 400; ++i )
+    {
+        const GePoint3<T> center = random.point<T>( 300 );
+        GeVector3<T> half;
+        for ( int axis = 0; axis < 3; ++axis )
+            half[axis] = std::pow( T( 200 ), random.uniform( T( 0 ), T( 1 ) ) );
+        const GeAlignedBox3<T> box( center - half, center + half );
+        const bool isOutside = !exact.hasCommonPoint( box );
+        EXPECT_EQ( volume.classifyTight( box ) == OUTSIDE<T>, isOutside ) << box;
+        nbKeptByPlanes += isOutside && volume.classify( box ) != OUTSIDE<T>;
+    }
+    EXPECT_GT( nbKeptByPlanes, 10 );
+}
+
+// Two eyes, parallel and off-centre, or turned apart, finite and infinite: the union never says outside of a box that one
+// of them sees, and keeps at most one box in a hundred that both do not.
+ZQ_TWIN_TEST( ViewVolume, UnionsHoldBothEyesAndLittleElse )
+{
+    const double degree = 3.14159265358979 / 180;
+    for ( const double farDistance : { 100.0, 1e6, double( ZqTest::infinity<float> ) } )
+        for ( const double angle : { 0.0, 5.0, 10.0, 15.0 } )
+        {
+            SCOPED_TRACE( std::to_string( farDistance ) + " far, turned by " + std::to_string( angle ) );
+            const std::array<Camera, 2> eyes = makeEyes( angle * degree, angle == 0 ? 0.2 : 0, farDistance );
+            const GeProjectiveMatrix3<T> matrices[2] = { eyes[0].round<T>(), eyes[1].round<T>() };
+            const GeViewVolume<T> views[2] = { { matrices[0], eyes[0].range }, { matrices[1], eyes[1].range } };
+            const ExactView<T> exact[2] = { { matrices[0], eyes[0].range }, { matrices[1], eyes[1].range } };
+            const GeViewVolume<T> both = GeViewVolume<T>::makeUnion( views, 2 );
+            Random random( ZqTest::wideSeed() + 8 );
+            int nbKept = 0, nbOutside = 0;
+            for ( int i = 0; i < 3000; ++i )
+            {
+                const GePoint3<T> center = random.point<T>( 100 );
+                const GeVector3<T> half( 1, 1, random.uniform( T( 0 ), T( 3 ) ) );
+                const GeAlignedBox3<T> near = makeBoxNear<T>( random, eyes[std::size_t( i % 2 )] );
+                const GeAlignedBox3<T> box = i % 4 ? GeAlignedBox3<T>( center - half, center + half ) : near;
+                bool isSeen = false;
+                for ( int eye = 0; eye < 2; ++eye )
+                    isSeen = isSeen || views[eye].classifyTight( box ) != OUTSIDE<T>;
+                const bool isOutside = both.classify( box ) == OUTSIDE<T>;
+                if ( isOutside && isSeen ) // or too close to tell
+                    EXPECT_FALSE( exact[0].hasCommonPoint( box ) || exact[1].hasCommonPoint( box ) ) << box;
+                if ( i % 4 )
+                {
+                    nbOutside += !isSeen;
+                    nbKept += !isSeen && !isOutside;
+                }
+            }
+            std::cerr << farDistance << ' ' << angle << ": " << nbKept << " of " << nbOutside << " planes "
+                      << both.getNbPlanes() << '\n';
+            EXPECT_LE( nbKept * 100, nbOutside );
+        }
+}
+
+ZQ_TWIN_TEST( ViewVolume, UnionsOfEverythingAndNothing )
+{
+    const GeViewVolume<T> empty = GeViewVolume<T>::makeUnion( nullptr, 0 );
+    EXPECT_TRUE( empty.isEmpty() );
+    const GeAlignedBox3<T> box( GePoint3<T>( -1, -1, -3 ), GePoint3<T>( 1, 1, -2 ) );
+    EXPECT_EQ( empty.classify( box ), OUTSIDE<T> );
+    EXPECT_EQ( empty.getPlane( 0 ), GePlane3<T>( 0, 0, 0, T( -0.125 ) ) );
+
+    // the six faces of a cube, infinitely deep: no plane has them all on one side
+    std::vector<GeViewVolume<T>> faces;
+    for ( int face = 0; face < 6; ++face )
+    {
+        double rows[4][4] = {};
+        const int axis = face / 2;
+        rows[0][( axis + 1 ) % 3] = rows[1][( axis + 2 ) % 3] = 1;
+        rows[2][3] = 0.1;
+        rows[3][axis] = face % 2 ? -1 : 1;
+        faces.emplace_back( GeProjectiveMatrix3<T>( rows, false ), GeDepthRange::ONE_TO_ZERO );
+        EXPECT_EQ( faces.back().getNbPlanes(), 5 );
+    }
+    EXPECT_EQ( GeViewVolume<T>::makeUnion( faces.data(), 6 ).getNbPlanes(), 0 );
+    // what is empty adds nothing, and a union with itself is as good as the volume
+    const GeViewVolume<T> some[3] = { empty, faces[0], faces[0] };
+    const GeViewVolume<T> same = GeViewVolume<T>::makeUnion( some, 3 );
+    Random random( 9 );
+    for ( int i = 0; i < 300; ++i )
+    {
+        const GePoint3<T> p = random.point<T>( 4 );
+        EXPECT_EQ( same.classify( p ), faces[0].classify( p ) ) << p;
+    }
+}
+
+ZQ_TWIN_TEST( ViewVolume, CornersAreWhereTheMatrixPutsThem )
+{
+    for ( const double farDistance : { 50.0, double( ZqTest::infinity<float> ) } )
+    {
+        const Camera camera = makeEyes( 0.2, 0.1, farDistance )[1];
+        const GeProjectiveMatrix3<T> m = camera.round<T>();
+        const GeViewVolume<T> volume( m, camera.range );
+        GeHomogeneousCoord3<T> corners[8];
+        ASSERT_TRUE( volume.computeCorners( corners ) );
+        for ( int i = 0; i < 8; ++i )
+        {
+            const GeHomogeneousCoord3<T> clip = m * corners[i];
+            EXPECT_EQ( corners[i].getW(), i < 4 || farDistance == 50 ? T( 1 ) : T( 0 ) );
+            EXPECT_GT( clip.getW(), 0 );
+            const T tolerance = 2000 * epsilon<T>;
+            EXPECT_NEAR( clip.getX() / clip.getW(), i & 1 ? 1 : -1, tolerance );
+            EXPECT_NEAR( clip.getY() / clip.getW(), i & 2 ? 1 : -1, tolerance );
+            EXPECT_NEAR( clip.getZ() / clip.getW(), i & 4 ? 1 : 0, tolerance );
+        }
+    }
+    // each edge once, along its own axis
+    std::set<std::pair<int, int>> edges;
+    for ( int edge = 0; edge < 12; ++edge )
+    {
+        int from = 0, to = 0;
+        GeViewVolume<T>::getEdge( edge, from, to );
+        EXPECT_EQ( to - from, 1 << edge / 4 );
+        EXPECT_TRUE( from >= 0 && to < 8 && ( from & to ) == from );
+        edges.insert( { from, to } );
+    }
+    EXPECT_EQ( edges.size(), 12U );
+    GeHomogeneousCoord3<T> corners[8];
+    EXPECT_FALSE( GeViewVolume<T>::makeUnion( nullptr, 0 ).computeCorners( corners ) );
+}
+
+ZQ_TWIN_TEST( ViewVolume, DegenerateInputsHaveTheStatedVerdicts )
+{
+    using Limits = std::numeric_limits<T>;
+    const T nan = ZqTest::nan<T>, infinite = ZqTest::infinity<T>, tiny = Limits::denorm_min(), largest = Limits::max();
+    const auto boxOf = []( T lower, T upper ) {
+        return GeAlignedBox3<T>(
+            Interval<T>( lower, upper ), Interval<T>( lower, upper ), Interval<T>( lower, upper ) );
+    };
+    const GeViewVolume<T> cube( GeProjectiveMatrix3<T>(), GeDepthRange::MINUS_ONE_TO_ONE );
+    EXPECT_EQ( cube.getNbPlanes(), 6 );
+    EXPECT_EQ( cube.classify( boxOf( -1, 1 ) ), INTERSECT<T> ); // touches its sides
+    EXPECT_EQ( cube.classify( boxOf( T( -0.9 ), T( 0.9 ) ) ), INSIDE<T> );
+    EXPECT_EQ( cube.classify( boxOf( -tiny, tiny ) ), INSIDE<T> );
+    EXPECT_EQ( cube.classify( boxOf( T( 1.1 ), largest ) ), OUTSIDE<T> );
+    EXPECT_EQ( cube.classify( boxOf( -largest, largest ) ), INTERSECT<T> );
+    EXPECT_EQ( cube.classifyTight( boxOf( -largest, largest ) ), INTERSECT<T> );
+    EXPECT_EQ( cube.classify( boxOf( 2, infinite ) ), INTERSECT<T> );
+    EXPECT_EQ( cube.classify( boxOf( infinite, infinite ) ), INTERSECT<T> );
+    EXPECT_EQ( cube.classify( GeSphere3<T>( GePoint3<T>( 3, 0, 0 ), infinite ) ), INTERSECT<T> );
+    EXPECT_EQ( cube.classify( GeSphere3<T>( GePoint3<T>( 3, nan, 0 ), 1 ) ), INTERSECT<T> );
+    EXPECT_EQ( cube.classify( GeSphere3<T>( GePoint3<T>( 3, 0, 0 ), nan ) ), INTERSECT<T> );
+    EXPECT_EQ( cube.classify( GeAlignedBox3<T>() ), OUTSIDE<T> );
+    EXPECT_EQ( cube.findSeparatingPlane( GeAlignedBox3<T>() ), -1 );
+    for ( int axis = 0; axis < 3; ++axis )
+        for ( const bool isLower : { true, false } )
+        {
+            // far beyond on the other axes, and inverted or unknown on one
+            GeAlignedBox3<T> box = boxOf( 5, 6 );
+            box.setInterval( axis, isLower ? Interval<T>( 9, 8 ) : Interval<T>( 0, -tiny ) );
+            EXPECT_EQ( cube.classify( box ), OUTSIDE<T> );
+            EXPECT_EQ( cube.classify( box, GeAffineMatrix3<T>() ), OUTSIDE<T> );
+            box.setInterval( axis, isLower ? Interval<T>( nan, 6 ) : Interval<T>( 5, nan ) );
+            EXPECT_EQ( cube.classify( box ), INTERSECT<T> );
+            EXPECT_EQ( cube.classifyTight( box ), INTERSECT<T> );
+            EXPECT_EQ( cube.classify( box, GeAffineMatrix3<T>() ), INTERSECT<T> );
+            EXPECT_EQ( cube.findSeparatingPlane( box ), -1 );
+        }
+    for ( int element = 0; element < 12; ++element )
+        for ( const T odd : { nan, infinite, largest } )
+        {
+            GeAffineMatrix3<T> placement;
+            placement( element / 4, element % 4 ) = odd;
+            EXPECT_NE( cube.classify( boxOf( T( -0.5 ), T( 0.5 ) ), placement ), INSIDE<T> );
+            if ( odd != largest )
+                EXPECT_EQ( cube.classify( boxOf( 5, 6 ), placement ), INTERSECT<T> );
+        }
+
+    // nothing is bounded by zeros; nothing is within 0 >= 1, whatever the other rows say; a matrix of no rank has a volume
+    const double zeros[4][4] = {};
+    const GeViewVolume<T> all( GeProjectiveMatrix3<T>( zeros, false ), GeDepthRange::ZERO_TO_ONE );
+    EXPECT_EQ( all.getNbPlanes(), 0 );
+    EXPECT_EQ( all.classify( boxOf( -largest, largest ) ), INSIDE<T> );
+    EXPECT_EQ( all.classify( boxOf( 0, infinite ) ), INTERSECT<T> );
+    const double never[4][4] = { { 1, 0, 0, 0 }, { 0, 1, 0, 0 }, { 0, 0, 0, -1 }, { 0, 0, 0, 1 } };
+    const GeViewVolume<T> none( GeProjectiveMatrix3<T>( never, false ), GeDepthRange::ZERO_TO_ONE );
+    EXPECT_TRUE( none.isEmpty() );
+    EXPECT_EQ( none.classify( boxOf( -largest, largest ) ), OUTSIDE<T> );
+    const double flat[4][4] = { { 1, 0, 0, 0 }, { 1, 0, 0, 0 }, { 1, 0, 0, 0 }, { 0, 0, 0, 1 } };
+    const GeViewVolume<T> slab( GeProjectiveMatrix3<T>( flat, false ), GeDepthRange::MINUS_ONE_TO_ONE );
+    EXPECT_EQ( slab.classify( GePoint3<T>( 0, largest, -largest ) ), INTERSECT<T> ); // too large to tell
+    EXPECT_EQ( slab.classify( GePoint3<T>( 0, 1000, 1000 ) ), INSIDE<T> );
+    EXPECT_EQ( slab.classify( GePoint3<T>( 2, 1000, 1000 ) ), OUTSIDE<T> );
+}
+} // namespace
