@@ -46,6 +46,19 @@ public:
     int largestSign( int side, const GeAlignedBox3<T>& box ) const { return extremeSign( side, box, true ); }
     int smallestSign( int side, const GeAlignedBox3<T>& box ) const { return extremeSign( side, box, false ); }
 
+    /// The sign of the largest value at p - e, for all p in the box and all e in the offsets.
+    int largestSweptSign( int side, const GeAlignedBox3<T>& box, const GeAlignedBox3<T>& offsets ) const
+    {
+        mpq_class value = _rows[side][3];
+        for ( int axis = 0; axis < 3; ++axis )
+        {
+            const mpq_class& n = _rows[side][std::size_t( axis )];
+            const Interval<T> p = box.getInterval( axis ), e = offsets.getInterval( axis );
+            value += n * ( n > 0 ? mpq_class( mpq_class( p.max ) - e.min ) : mpq_class( mpq_class( p.min ) - e.max ) );
+        }
+        return sgn( value );
+    }
+
     bool isBeyondOne( const GeAlignedBox3<T>& box ) const
     {
         for ( int side = 0; side < 6; ++side )
