@@ -52,7 +52,7 @@ public:
         mpq_class value = _rows[side][3];
         for ( int axis = 0; axis < 3; ++axis )
         {
-            const mpq_class& n = _rows[side][std::size_t( axis )];
+            const mpq_class& n = _rows[side][axis];
             const Interval<T> p = box.getInterval( axis ), e = offsets.getInterval( axis );
             value += n * ( n > 0 ? mpq_class( mpq_class( p.max ) - e.min ) : mpq_class( mpq_class( p.min ) - e.max ) );
         }
@@ -77,19 +77,19 @@ public:
     /// planes meet that is beyond none.
     bool hasCommonPoint( const GeAlignedBox3<T>& box ) const
     {
-        std::array<std::array<mpq_class, 4>, 12> planes;
-        for ( std::size_t side = 0; side < 6; ++side )
+        mpq_class planes[12][4];
+        for ( int side = 0; side < 6; ++side )
         {
-            planes[side] = _rows[side];
-            const Interval<T> interval = box.getInterval( int( side / 2 ) );
+            std::copy_n( _rows[side], 4, planes[side] );
+            const Interval<T> interval = box.getInterval( side / 2 );
             planes[6 + side][side / 2] = side % 2 ? -1 : 1;
             planes[6 + side][3] = side % 2 ? mpq_class( interval.max ) : mpq_class( -interval.min );
         }
-        for ( std::size_t i = 0; i < 12; ++i )
-            for ( std::size_t j = i + 1; j < 12; ++j )
-                for ( std::size_t k = j + 1; k < 12; ++k )
+        for ( int i = 0; i < 12; ++i )
+            for ( int j = i + 1; j < 12; ++j )
+                for ( int k = j + 1; k < 12; ++k )
                 {
-                    const auto minor = [&]( std::size_t a, std::size_t b, std::size_t c )
+                    const auto minor = [&]( int a, int b, int c )
                     {
                         return mpq_class( planes[i][a] * ( planes[j][b] * planes[k][c] - planes[j][c] * planes[k][b] ) -
                             planes[i][b] * ( planes[j][a] * planes[k][c] - planes[j][c] * planes[k][a] ) +
@@ -100,7 +100,7 @@ public:
                         continue;
                     mpq_class point[3] = { minor( 1, 2, 3 ) / w, -minor( 0, 2, 3 ) / w, minor( 0, 1, 3 ) / w };
                     bool isCommon = true;
-                    for ( std::size_t p = 0; p < 12 && isCommon; ++p )
+                    for ( int p = 0; p < 12 && isCommon; ++p )
                         isCommon = planes[p][0] * point[0] + planes[p][1] * point[1] + planes[p][2] * point[2] +
                                 planes[p][3] >=
                             0;
@@ -132,8 +132,8 @@ private:
         return sgn( exact );
     }
 
-    std::array<mpq_class, 4> _rows[6];
-    Four _rough[6];
+    mpq_class _rows[6][4];
+    long double _rough[6][4];
 };
 
 inline Rows multiply( const Rows& a, const Rows& b )
