@@ -1,6 +1,10 @@
 #include "support/bits.h"
 #include "support/viewReference.h"
 
+#if defined( __SSE2__ )
+#    include <xmmintrin.h>
+#endif
+
 namespace
 {
 
@@ -532,6 +536,55 @@ ZQ_TWIN_TEST( ViewVolume, CornersAreWhereTheMatrixPutsThem )
     EXPECT_EQ( edges.size(), 12U );
     GeHomogeneousCoord3<T> corners[8];
     EXPECT_FALSE( GeViewVolume<T>::makeUnion( nullptr, 0 ).computeCorners( corners ) );
+}
+
+// Around the smallest normal number, with denormal numbers and, where the processor can do without them, with 0 in their place.
+ZQ_TWIN_TEST( ViewVolume, UnderflowIsWithinTheBound )
+{
+    using Limits = std::numeric_limits<T>;
+    Random random( ZqTest::wideSeed() + 11 );
+    int nbDecided = 0;
+    for ( int i = 0; i < 20000; ++i )
+    {
+        // z alone bounds anything; its plane goes through the origin, or nearly
+        GeProjectiveMatrix3<T> m;
+        for ( int element = 0; element < 12; ++element )
+            m( element / 4, element % 4 ) = element < 8 ? T( 0 ) : random.uniform( T( -1 ), T( 1 ) );
+        m( 2, 3 ) = random.index( 2 ) ? T( 0 ) : Limits::min() * random.uniform( T( -9 ), T( 9 ) );
+        const GeViewVolume<T> volume( m, GeDepthRange::ZERO_TO_ONE );
+        const ExactView<T> exact( m, GeDepthRange::ZERO_TO_ONE );
+        GePoint3<T> p[2];
+        for ( GePoint3<T>& point : p )
+            for ( int axis = 0; axis < 3; ++axis )
+                point[axis] = random.uniform( T( -1 ), T( 1 ) ) *
+                    std::ldexp( Limits::min(), random.index( 12 ) - ( random.index( 2 ) ? 8 : 0 ) );
+        const GeAlignedBox3<T> box( p[0], p[random.index( 2 )] );
+        const GeSphere3<T> sphere( p[0], 0 );
+        typename GeViewVolume<T>::Classification verdicts[6];
+        for ( int mode = 0; mode < 2; ++mode )
+        {
+#if defined( __SSE2__ )
+            const unsigned before = _mm_getcsr();
+            _mm_setcsr( mode ? before | 0x8040U : before ); // flush to zero, denormals are zero
+#endif
+            verdicts[3 * mode] = volume.classify( box );
+            verdicts[3 * mode + 1] = volume.classifyTight( box );
+            verdicts[3 * mode + 2] = volume.classify( box, GeAffineMatrix3<T>() );
+            const auto ofSphere = volume.classify( sphere );
+#if defined( __SSE2__ )
+            _mm_setcsr( before );
+#endif
+            EXPECT_TRUE( ofSphere != OUTSIDE<T> || exact.isBeyondOne( GeAlignedBox3<T>( p[0] ) ) ) << p[0];
+            EXPECT_TRUE( ofSphere != INSIDE<T> || exact.isWithinAll( GeAlignedBox3<T>( p[0] ) ) ) << p[0];
+        }
+        for ( const auto verdict : verdicts )
+        {
+            nbDecided += verdict != INTERSECT<T>;
+            EXPECT_TRUE( verdict != OUTSIDE<T> || exact.isBeyondOne( box ) ) << box;
+            EXPECT_TRUE( verdict != INSIDE<T> || exact.isWithinAll( box ) ) << box;
+        }
+    }
+    EXPECT_GT( nbDecided, 1000 );
 }
 
 ZQ_TWIN_TEST( ViewVolume, DegenerateInputsHaveTheStatedVerdicts )
