@@ -25,10 +25,10 @@ enum class GeDepthRange
 /// are proved: rounding, overflow and underflow included, VIEW_OUTSIDE and VIEW_INSIDE are never wrong. For float and
 /// double, in the default rounding mode.
 ///
-/// The volume of a matrix is the set of all points p for which (x, y, z, w) = M (p, 1) satisfies the inequalities below.
-/// The elements of M are taken for the exact numbers that they are, whatever they were meant to be. Perspective and
-/// orthographic matrices fit, of either handedness, off-centre, with an oblique near plane, an image upside down, an
-/// infinite far plane, times any placement of the eye. No inverse is needed: M may be singular.
+/// The volume of a matrix is the set of all points p for which (x, y, z, w) = M (p, 1) satisfies the inequalities
+/// below. The elements of M are taken for the exact numbers that they are, whatever they were meant to be.
+/// Perspective and orthographic matrices fit, of either handedness, off-centre, with an oblique near plane, an image
+/// upside down, an infinite far plane, times any placement of the eye. No inverse is needed: M may be singular.
 ///
 ///     side 0  left     w + x >= 0        side 4  near    MINUS_ONE_TO_ONE  w + z >= 0
 ///     side 1  right    w - x >= 0                        ZERO_TO_ONE           z >= 0
@@ -44,9 +44,9 @@ enum class GeDepthRange
 /// so close to a plane that rounding decides. That zone is some units in the last place of the largest coordinate wide,
 /// on both sides; a point is VIEW_INTERSECT in it. docs/views.md derives the bound.
 ///
-/// A box that is inverted on any axis (max < min) holds no point and is VIEW_OUTSIDE. Otherwise a NaN or infinite bound
-/// makes it VIEW_INTERSECT. The verdicts of classify( box ) are monotone: a box within one that is VIEW_OUTSIDE is so, too, and
-/// likewise for VIEW_INSIDE.
+/// A box that is inverted on any axis (max < min) holds no point and is VIEW_OUTSIDE. Otherwise a NaN or infinite
+/// bound makes it VIEW_INTERSECT. The verdicts of classify( box ) are monotone: a box within one that is VIEW_OUTSIDE
+/// is so, too, and likewise for VIEW_INSIDE.
 ///
 /// Volumes that are made of others, by makeUnion() and computeSwept(), enclose all of them. There VIEW_OUTSIDE means
 /// outside each, and VIEW_INSIDE within the planes of the enclosing volume, which can be outside each as well.
@@ -77,15 +77,15 @@ public:
     /// Reports "isFinite( matrix )" (src/primitives/geViewVolume.imp) for an element that is NaN or infinite.
     GeViewVolume( const GeProjectiveMatrix3<T>& matrix, GeDepthRange range );
 
-    /// A volume that holds all of the given ones: close to their convex hull, of at most NB_MAX_PLANES planes. For two eyes,
-    /// for the views of one frame. Each plane is proved to have every volume on its inner side, infinite ones
-    /// included; where there is no such plane on any side, as for the six faces of a cube, there are none, and nothing
-    /// is outside. An empty volume adds nothing; the union of none is empty. The planes have no sides.
+    /// A volume that holds all of the given ones: close to their convex hull, of at most NB_MAX_PLANES planes. For
+    /// two eyes, for the views of one frame. Each plane is proved to have every volume on its inner side, infinite
+    /// ones included; where there is no such plane on any side, as for the six faces of a cube, there are none, and
+    /// nothing is outside. An empty volume adds nothing; the union of none is empty. The planes have no sides.
     static GeViewVolume makeUnion( const GeViewVolume* views, std::size_t count );
 
-    /// The volume swept by this one when the eye, and all with it, moves by every vector of the box: for one set of visible objects
-    /// that serves several frames. Its planes have the same normals. Reports "isFinite( eyeOffsets )" for bounds that are
-    /// NaN or infinite, "isOrdered( eyeOffsets )" for a box that is inverted on any axis (both
+    /// The volume swept by this one when the eye, and all with it, moves by every vector of the box: for one set of
+    /// visible objects that serves several frames. Its planes have the same normals. Reports "isFinite( eyeOffsets )"
+    /// for bounds that are NaN or infinite, "isOrdered( eyeOffsets )" for a box that is inverted on any axis (both
     /// src/primitives/geViewVolume.imp).
     GeViewVolume computeSwept( const GeAlignedBox3<T>& eyeOffsets ) const;
 
@@ -95,12 +95,12 @@ public:
     /// (src/primitives/geViewVolume.imp).
     GeViewVolume computeTransformed( const GeAffineMatrix3<T>& toWorld ) const;
 
-    /// The part of the view between bounds of x / w, y / w and z / w: a tile of the image, a cluster of lights, what lies below
-    /// a rectangle of pixels. The bounds count in the units of the matrix, -1 to 1 for x and y, and need not lie
-    /// within them; z0 <= z1 also where the depth is reversed, so that there z1 is the near side. A part of a part is
-    /// bounded by its own numbers alone. Reports "hasMatrix()" for a volume that does not come from a matrix directly or
-    /// by this function, "isFinite( bounds )", and "isOrdered( bounds )" where a lower bound is above the upper one (all
-    /// src/primitives/geViewVolume.imp).
+    /// The part of the view between bounds of x / w, y / w and z / w: a tile of the image, a cluster of lights, what
+    /// lies below a rectangle of pixels. The bounds count in the units of the matrix, -1 to 1 for x and y, and need
+    /// not lie within them; z0 <= z1 also where the depth is reversed, so that there z1 is the near side. A part of a
+    /// part is bounded by its own numbers alone. Reports "hasMatrix()" for a volume that does not come from a matrix
+    /// directly or by this function, "isFinite( bounds )", and "isOrdered( bounds )" where a lower bound is above the
+    /// upper one (all src/primitives/geViewVolume.imp).
     GeViewVolume computePart( T x0, T x1, T y0, T y1, T z0, T z1 ) const;
 
     /// 0 to NB_MAX_PLANES.
@@ -117,10 +117,10 @@ public:
     /// Whether computePart() can be asked for.
     bool hasMatrix() const;
 
-    /// The eight corners: bit 1 of the index selects the right side, 2 the top, 4 the far one. Points have w = 1. The far corners of
-    /// an infinite volume are directions, of length 1 and with w = 0, that point away from the eye. Worked out in double and rounded,
-    /// not proved. False, and nothing written, when a side other than the far one has no plane, or three planes
-    /// have no common point.
+    /// The eight corners: bit 1 of the index selects the right side, 2 the top, 4 the far one. Points have w = 1. The
+    /// far corners of an infinite volume are directions, of length 1 and with w = 0, that point away from the eye.
+    /// Worked out in double and rounded, not proved. False, and nothing written, when a side other than the far one
+    /// has no plane, or three planes have no common point.
     bool computeCorners( GeHomogeneousCoord3<T>* corners ) const;
     /// The corners at the ends of edge 0 to 11: 0 to 3 along x, 4 to 7 along y, 8 to 11 from near to far. Others are
     /// undefined.
@@ -142,8 +142,8 @@ public:
     /// edges and corners, too. About as fast for boxes that classify() decides, slower for the others.
     Classification classifyTight( const GeAlignedBox3<T>& box ) const;
 
-    /// The first plane that the box is proved to be wholly beyond; -1 when there is none. A witness for classify( box ): it
-    /// is VIEW_OUTSIDE exactly when the box is inverted or there is such a plane.
+    /// The first plane that the box is proved to be wholly beyond; -1 when there is none. A witness for classify( box
+    /// ): it is VIEW_OUTSIDE exactly when the box is inverted or there is such a plane.
     int findSeparatingPlane( const GeAlignedBox3<T>& box ) const;
 
     /// Writes the text form.
@@ -175,8 +175,8 @@ private:
     T _planes[NB_ROWS][NB_MAX_PLANES]; // by component, so that a register takes several planes; neutral ones at the end
     GeProjectiveMatrix3<T> _matrix;
     GeDepthRange _range;
-    signed char _sides[NB_MAX_PLANES];
-    signed char _nbPlanes;
+    int _sides[NB_MAX_PLANES];
+    int _nbPlanes;
     bool _hasMatrix;
 };
 

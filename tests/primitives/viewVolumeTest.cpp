@@ -94,6 +94,10 @@ ZQ_TWIN_TEST( ViewVolume, VerdictsAreTrueByExactRationalsAndFewAreWithheld )
                 const GeAlignedBox3<T> box = makeBoxNear<T>( random, camera );
                 const auto verdict = volume.classify( box );
                 ++seen[verdict];
+                GeAlignedBox3<T> within = box;
+                const Interval<T> whole = box.getInterval( i % 3 );
+                within.setInterval( i % 3, { whole.min, whole.min + ( whole.max - whole.min ) / 2 } );
+                EXPECT_TRUE( verdict == INTERSECT<T> || volume.classify( within ) == verdict ) << box;
                 const int witness = volume.findSeparatingPlane( box );
                 EXPECT_EQ( verdict == OUTSIDE<T>, witness >= 0 ) << box;
                 if ( witness >= 0 )
@@ -162,9 +166,10 @@ ZQ_TWIN_TEST( ViewVolume, SpheresAreTrueByExactRationals )
         EXPECT_GT( seen[verdict], 50 );
 }
 
-// The worst case of the bound: products, sums and coefficients whose roundings all go one way. A point whose exact value is
-// above 0 is never outside, although its rounded one is far below; nor is it inside where all signs are changed. What
-// is found reaches beyond half the bound, and, for coefficients that were rounded, beyond all of the rest.
+// The worst case of the bound: products, sums and coefficients whose roundings all go one way. A point whose exact
+// value is above 0 is never outside, although its rounded one is far below; nor is it inside where all signs are
+// changed. What is found reaches beyond half the bound, and, for coefficients that were rounded, beyond all of the
+// rest.
 ZQ_TWIN_TEST( ViewVolume, TheBoundIsNeededAndNotTwiceTheWorstCase )
 {
     const T eps = epsilon<T>;
@@ -296,8 +301,8 @@ ZQ_TWIN_TEST( ViewVolume, PlacedBoxesAreTrueByExactRationals )
             EXPECT_GT( kind[verdict], 100 );
 }
 
-// Parts between any bounds, and tight verdicts: outside is without a common point, and a box that is apart from the volume
-// by more than roundings is outside.
+// Parts between any bounds, and tight verdicts: outside is without a common point, and a box that is apart from the
+// volume by more than roundings is outside.
 ZQ_TWIN_TEST( ViewVolume, PartsAndTightVerdictsAreTrueByExactRationals )
 {
     int nbTight = 0;
@@ -434,9 +439,10 @@ ZQ_TWIN_TEST( ViewVolume, TightVerdictsSeeBoxesBeyondACorner )
     EXPECT_GT( nbKeptByPlanes, 100 );
 }
 
-// Two eyes, parallel and off-centre, or 5 to 15 degrees apart, finite and infinite: the union never says outside of a box
-// that one of them sees. It keeps nothing else that both do not see where their hull is no larger than they are, and few
-// boxes that lie in what the hull adds: above and below the seam of the images, and between far planes that are near.
+// Two eyes, parallel and off-centre, or 5 to 15 degrees apart, finite and infinite: the union never says outside of a
+// box that one of them sees. It keeps nothing else that both do not see where their hull is no larger than they are,
+// and few boxes that lie in what the hull adds: above and below the seam of the images, and between far planes that
+// are near.
 ZQ_TWIN_TEST( ViewVolume, UnionsHoldBothEyesAndLittleElse )
 {
     const double degree = 3.14159265358979 / 180;
@@ -538,7 +544,8 @@ ZQ_TWIN_TEST( ViewVolume, CornersAreWhereTheMatrixPutsThem )
     EXPECT_FALSE( GeViewVolume<T>::makeUnion( nullptr, 0 ).computeCorners( corners ) );
 }
 
-// Around the smallest normal number, with denormal numbers and, where the processor can do without them, with 0 in their place.
+// Around the smallest normal number, with denormal numbers and, where the processor can do without them, with 0 in
+// their place.
 ZQ_TWIN_TEST( ViewVolume, UnderflowIsWithinTheBound )
 {
     using Limits = std::numeric_limits<T>;
@@ -634,7 +641,8 @@ ZQ_TWIN_TEST( ViewVolume, DegenerateInputsHaveTheStatedVerdicts )
             EXPECT_TRUE( odd == largest || cube.classify( boxOf( 5, 6 ), placement ) == INTERSECT<T> );
         }
 
-    // nothing is bounded by zeros; nothing is within 0 >= 1, whatever the other rows say; a matrix of no rank has a volume
+    // nothing is bounded by zeros; nothing is within 0 >= 1, whatever the other rows say; a matrix of no rank has a
+    // volume
     const double zeros[4][4] = {};
     const GeViewVolume<T> all( GeProjectiveMatrix3<T>( zeros, false ), GeDepthRange::ZERO_TO_ONE );
     EXPECT_EQ( all.getNbPlanes(), 0 );

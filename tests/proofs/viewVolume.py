@@ -2,8 +2,8 @@
 
     viewVolume.py SOURCE_DIR [GAPPA]
 
-Reads sumTerms() and the factors of its bound from src/primitives/geViewVolume.imp, and proves for float and double, denormal
-numbers included: before the last rounding the sum is off by at most
+Reads sumTerms() and the factors of its bound from src/primitives/geViewVolume.imp, and proves for float and double,
+denormal numbers included: before the last rounding the sum is off by at most
 
     slack * u * ( PRODUCT_ERROR * ( |px| + |py| + |pz| ) + OFFSET_ERROR * |d| ) + UNDERFLOW_ERROR
 
@@ -77,20 +77,19 @@ def prove_part(part, precision, lowest):
     # below all scales nothing but the underflow is left
     tiny = f"[-1b{lowest},1b{lowest}]"
     underflow = f"{smallest} * 1b{lowest + precision - 1} * 1b-2"
-    prove(f"@rnd = float<{'ieee_32' if precision == 24 else 'ieee_64'},ne>;\nerror = {as_given(part)} - ({terms[0]} + {terms[1]});\n"
-          f"{{ {terms[0]} in {tiny} /\\ {terms[1]} in {tiny} -> |error| - {underflow} <= 0 }}\n")
+    rounding = f"@rnd = float<{'ieee_32' if precision == 24 else 'ieee_64'},ne>;\n"
+    error = f"error = {as_given(part)} - ({terms[0]} + {terms[1]});\n"
+    prove(f"{rounding}{error}{{ {terms[0]} in {tiny} /\\ {terms[1]} in {tiny} -> |error| - {underflow} <= 0 }}\n")
     for large, small in (terms, terms[::-1]):
         # the last scale stands for all above
         for scale in [*range(lowest, lowest + 2 * precision + 4), 0]:
             one, two = f"1b{scale}", f"1b{scale + 1}"
             for sign in (1, -1):
                 # a number of the type is a rounded one
-                given = f"@rnd = float<{'ieee_32' if precision == 24 else 'ieee_64'},ne>;\n"
-                given += f"{offset} = rnd({offset}_);\n" if offset in terms else ""
+                given = rounding + (f"{offset} = rnd({offset}_);\n" if offset in terms else "") + error
                 variable = {name: f"{name}_" if name == offset else name for name in terms}
                 magnitude = {large: large, small: small if sign > 0 else f"-{small}"}
                 bound = " + ".join(f"{factors[name]} * ({magnitude[name]})" for name in terms)
-                given += f"error = {as_given(part)} - ({terms[0]} + {terms[1]});\n"
                 given += f"bound = 1b-{precision} * (1 + 1/{slack}) * ({bound}) + {underflow};\n"
                 lower, upper = ("0", two) if sign > 0 else (f"-{two}", "0")
                 prove(f"{given}{{ {variable[large]} in [{one},{two}] /\\ {variable[small]} in [{lower},{upper}] ->\n"

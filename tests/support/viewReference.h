@@ -278,7 +278,8 @@ inline Camera makeCamera( Random& random, int family, long double ratio )
     return camera;
 }
 
-/// A box that touches, or nearly touches, what the matrix puts at a random place on a side, edge or corner of the volume.
+/// A box that touches, or nearly touches, what the matrix puts at a random place on a side, edge or corner of the
+/// volume.
 template <class T>
 GeAlignedBox3<T> makeBoxNear( Random& random, const Camera& camera )
 {
