@@ -345,7 +345,7 @@ ZQ_TWIN_TEST( ViewVolume, PartsAndTightVerdictsAreTrueByExactRationals )
                 }
                 else if ( tight == INTERSECT<T> )
                 {
-                    EXPECT_TRUE( exact.hasCommonPoint( grow( box, T( 64 ) ) ) ) << box;
+                    EXPECT_TRUE( exact.hasCommonPoint( grow( box, T( 1024 ) ) ) ) << box;
                 }
             }
         } );

@@ -5,7 +5,7 @@
 Reads sumTerms() and the factors of its bound from src/primitives/geViewVolume.imp, and proves for float and double,
 denormal numbers included: before the last rounding the sum is off by at most
 
-    slack * u * ( PRODUCT_ERROR * ( |px| + |py| + |pz| ) + OFFSET_ERROR * |d| ) + UNDERFLOW_ERROR
+    slack * u * ( PRODUCT_ROUNDING * ( |px| + |py| + |pz| ) + OFFSET_ROUNDING * |d| ) + UNDERFLOW_ERROR
 
 where px, py and pz are the exact products, which are rounded on their way in, and d is a number of the type.
 
@@ -45,7 +45,7 @@ expression = ast.parse(find(r"inline Value sumTerms\(.*\)\n\{\n\s*return (.*?);"
 parameters = find(r"inline Value sumTerms\((.*)\)").replace("Value ", "").replace(" ", "").split(",")
 slack = find(r"constexpr T BOUND_SLACK = T\( 1 \) \+ T\( 1 \) / (\d+);")
 smallest = int(find(r"constexpr T UNDERFLOW_ERROR = (\d+) \* SMALLEST_NORMAL<T>;"))
-factors = {name: factor("OFFSET_ERROR" if name == parameters[3] else "PRODUCT_ERROR") for name in parameters}
+factors = {name: factor("OFFSET_ROUNDING" if name == parameters[3] else "PRODUCT_ROUNDING") for name in parameters}
 
 
 def leaves(node):
