@@ -74,6 +74,9 @@ public:
         VIEW_INTERSECT = 3 ///< neither
     };
 
+    /// @name Construction
+    /// @{
+
     /// Reports "isFinite( matrix )" (src/primitives/geViewVolume.imp) for an element that is NaN or infinite.
     GeViewVolume( const GeProjectiveMatrix3<T>& matrix, GeDepthRange range );
 
@@ -102,6 +105,10 @@ public:
     /// directly or by this function, "isFinite( bounds )", and "isOrdered( bounds )" where a lower bound is above the
     /// upper one (all src/primitives/geViewVolume.imp).
     GeViewVolume computePart( T x0, T x1, T y0, T y1, T z0, T z1 ) const;
+    /// @}
+
+    /// @name Access
+    /// @{
 
     /// 0 to NB_MAX_PLANES.
     int getNbPlanes() const;
@@ -125,9 +132,17 @@ public:
     /// The corners at the ends of edge 0 to 11: 0 to 3 along x, 4 to 7 along y, 8 to 11 from near to far. Others are
     /// undefined.
     static void getEdge( int edge, int& from, int& to );
+    /// @}
+
+    /// @name Comparison
+    /// @{
 
     /// All planes and error bounds equal.
     bool isEqualExact( const GeViewVolume& other ) const;
+    /// @}
+
+    /// @name Queries
+    /// @{
 
     /// The same as that of the box of the point.
     Classification classify( const GePoint3<T>& point ) const;
@@ -145,9 +160,17 @@ public:
     /// The first plane that the box is proved to be wholly beyond; -1 when there is none. A witness for classify( box
     /// ): it is VIEW_OUTSIDE exactly when the box is inverted or there is such a plane.
     int findSeparatingPlane( const GeAlignedBox3<T>& box ) const;
+    /// @}
 
+    /// @name Text
+    /// @{
+
+    /// Feeds the items of the text form to `out` with <<: characters, literals and numbers. See docs/textForms.md.
+    template <class Out>
+    void writeText( Out& out ) const;
     /// Writes the text form.
     void dump( std::ostream& os ) const;
+    /// @}
 
 private:
     /// What is stored about each plane.
@@ -183,8 +206,10 @@ private:
 /// The same as isEqualExact().
 template <class T>
 bool operator==( const GeViewVolume<T>& a, const GeViewVolume<T>& b );
+/// The exact negation of ==.
 template <class T>
 bool operator!=( const GeViewVolume<T>& a, const GeViewVolume<T>& b );
+/// Writes the text form, as dump() does.
 template <class T>
 std::ostream& operator<<( std::ostream& os, const GeViewVolume<T>& volume );
 

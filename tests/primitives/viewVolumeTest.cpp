@@ -641,6 +641,13 @@ ZQ_TWIN_TEST( ViewVolume, DegenerateInputsHaveTheStatedVerdicts )
             EXPECT_TRUE( odd == largest || cube.classify( boxOf( 5, 6 ), placement ) == INTERSECT<T> );
         }
 
+    std::ostringstream text;
+    text << cube.computePart( 0, 1, 0, 1, 0, 1 );
+    EXPECT_EQ( text.str(),
+        "\nplane( 0 ) = [0.125, 0, 0, 0]\nplane( 1 ) = [-0.125, 0, 0, 0.125]"
+        "\nplane( 2 ) = [0, 0.125, 0, 0]\nplane( 3 ) = [0, -0.125, 0, 0.125]"
+        "\nplane( 4 ) = [0, 0, 0.125, 0]\nplane( 5 ) = [0, 0, -0.125, 0.125]" );
+
     // nothing is bounded by zeros; nothing is within 0 >= 1, whatever the other rows say; a matrix of no rank has a
     // volume
     const double zeros[4][4] = {};
