@@ -176,7 +176,7 @@ ZQ_TWIN_TEST( ViewVolume, TheBoundIsNeededAndNotTwiceTheWorstCase )
     const int half = std::numeric_limits<T>::digits / 2;
     Random random( 3 );
     double worst[2] = {};
-    for ( int i = 0; i < 300000; ++i )
+    for ( const auto i : random.runs( 300000 ) )
     {
         // 1 + j eps times 1 + k eps loses j k eps^2, nearly half of eps; two of them have an odd sum in units of eps
         T n[3], p[3];
@@ -396,7 +396,7 @@ ZQ_TWIN_TEST( ViewVolume, TightVerdictsKeepNothingThatIsOutside )
     const ExactView<T> exact( m, camera.range );
     Random random( ZqTest::wideSeed() + 7 );
     int nbKeptByPlanes = 0;
-    for ( int i = 0; i < 400; ++i )
+    for ( const auto i : random.runs( 400 ) )
     {
         const GePoint3<T> center = random.point<T>( 300 );
         GeVector3<T> half;
@@ -415,7 +415,7 @@ ZQ_TWIN_TEST( ViewVolume, TightVerdictsSeeBoxesBeyondACorner )
 {
     Random random( ZqTest::wideSeed() + 10 );
     int nbKeptByPlanes = 0;
-    for ( int i = 0; i < 200; ++i )
+    for ( const auto i : random.runs( 200 ) )
     {
         const Camera camera = makeCamera( random, i % 2 ? 1 : 7, 30 );
         const GeViewVolume<T> volume( camera.round<T>(), camera.range );
@@ -457,7 +457,7 @@ ZQ_TWIN_TEST( ViewVolume, UnionsHoldBothEyesAndLittleElse )
             const GeViewVolume<T> both = GeViewVolume<T>::makeUnion( views, 2 );
             Random random( 9 ), wide( ZqTest::wideSeed() + 8 );
             int nbKept = 0, nbBoxes = 0;
-            for ( int i = 0; i < 3000; ++i )
+            for ( const auto i : random.runs( 3000 ) )
             {
                 const GePoint3<T> center = random.point<T>( 100 );
                 const GeVector3<T> half( 1, 1, random.uniform( T( 0 ), T( 3 ) ) );
@@ -502,7 +502,7 @@ ZQ_TWIN_TEST( ViewVolume, UnionsOfEverythingAndNothing )
     const GeViewVolume<T> some[3] = { empty, faces[0], faces[0] };
     const GeViewVolume<T> same = GeViewVolume<T>::makeUnion( some, 3 );
     Random random( 9 );
-    for ( int i = 0; i < 300; ++i )
+    for ( const auto i : random.runs( 300 ) )
     {
         const GePoint3<T> p = random.point<T>( 4 );
         EXPECT_EQ( same.classify( p ), faces[0].classify( p ) ) << p;
@@ -536,7 +536,8 @@ ZQ_TWIN_TEST( ViewVolume, CornersAreWhereTheMatrixPutsThem )
         int from = 0, to = 0;
         GeViewVolume<T>::getEdge( edge, from, to );
         EXPECT_EQ( to - from, 1 << edge / 4 );
-        EXPECT_TRUE( from >= 0 && to < 8 && ( from & to ) == from );
+        EXPECT_EQ( from & to, from );
+        EXPECT_LT( to, 8 );
         edges.insert( { from, to } );
     }
     EXPECT_EQ( edges.size(), 12U );
@@ -551,7 +552,7 @@ ZQ_TWIN_TEST( ViewVolume, UnderflowIsWithinTheBound )
     using Limits = std::numeric_limits<T>;
     Random random( ZqTest::wideSeed() + 11 );
     int nbDecided = 0;
-    for ( int i = 0; i < 20000; ++i )
+    for ( const auto i : random.runs( 20000 ) )
     {
         // z alone bounds anything; its plane goes through the origin, or nearly
         GeProjectiveMatrix3<T> m;
