@@ -61,6 +61,8 @@ class ZQ_PRIMITIVES_API GeVector2Utils;
 template <class T>
 class ZQ_PRIMITIVES_API GeVector3;
 template <class T>
+class ZQ_PRIMITIVES_API GeViewVolume;
+template <class T>
 class ZQ_PRIMITIVES_API GeXAxisRotation3;
 template <class T>
 class ZQ_PRIMITIVES_API GeYAxisRotation3;

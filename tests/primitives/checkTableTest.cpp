@@ -13,6 +13,7 @@
 #include <zq/primitives/geRotation3.h>
 #include <zq/primitives/geShaft.h>
 #include <zq/primitives/geVector2.h>
+#include <zq/primitives/geViewVolume.h>
 
 #include <fstream>
 #include <functional>
@@ -106,6 +107,28 @@ void addTwinChecks( Checks& add )
             [=] { make( 1, 0 ).findNotOutside( nullptr, std::size_t( 1 ) << 32, nullptr ); } );
     add( "src/primitives/geVector3.inline", 496, "len > 0", [=] { make( 1, -1 ); } );
     add( "src/base/matrix4x4Imp", 175, "nonSingular", [=] { make( 0, 0 ); } );
+
+    // View volumes
+    file = "src/primitives/geViewVolume.imp";
+    const T nan = ZqTest::nan<T>;
+    const GeViewVolume<T> volume( GeProjectiveMatrix3<T>(), GeDepthRange::ZERO_TO_ONE );
+    const GeAlignedBox3<T> unknown( Interval<T>( 0, 1 ), Interval<T>( 0, nan ), Interval<T>( 0, 1 ) );
+    GeProjectiveMatrix3<T> spoilt;
+    spoilt( 3, 1 ) = nan;
+    GeAffineMatrix3<T> overflown;
+    overflown( 1, 3 ) = ZqTest::infinity<T>;
+    add( file, 0, "isFinite( matrix )", [=] { GeViewVolume<T>( spoilt, GeDepthRange::ZERO_TO_ONE ); } );
+    add( file, 0, "isFinite( eyeOffsets )", [=] { volume.computeSwept( unknown ); } );
+    add( file, 0, "isOrdered( eyeOffsets )", [=] { volume.computeSwept( GeAlignedBox3<T>() ); } );
+    add( file, 0, "isFinite( toWorld )", [=] { volume.computeTransformed( overflown ); } );
+    add( file, 0, "hasMatrix()",
+        [=] { volume.computeTransformed( GeAffineMatrix3<T>() ).computePart( 0, 1, 0, 1, 0, 1 ); } );
+    add( file, 0, "isFinite( bounds )", [=] { volume.computePart( 0, 1, 0, nan, 0, 1 ); } );
+    add( file, 0, "isOrdered( bounds )", [=] { volume.computePart( 0, 1, 1, 0, 0, 1 ); } );
+    for ( const int plane : { -1, 6 } )
+        add( "src/primitives/geViewVolume.inline", 0, "plane >= 0 && plane < _nbPlanes",
+            [=] { volume.getPlane( plane ); } );
+    add( "src/primitives/geViewVolume.inline", 0, "plane >= 0 && plane < _nbPlanes", [=] { volume.getSide( 6 ); } );
 
     // Quaternions
     using Q = GeQuaternion3<T>;

@@ -1,0 +1,669 @@
+#include "support/bits.h"
+#include "support/viewReference.h"
+
+#if defined( __SSE2__ )
+#    include <xmmintrin.h>
+#endif
+
+namespace
+{
+
+using ZqTest::Camera;
+using ZqTest::ExactView;
+using ZqTest::makeBoxNear;
+using ZqTest::makeCamera;
+using ZqTest::NB_FAMILIES;
+
+ZQ_TWIN_SUITE( ViewVolume );
+
+/// A pair of eyes that look along -z, 0.064 apart, each turned outwards by the angle; depth from 0 to 1, from 0.1 on.
+std::array<Camera, 2> makeEyes( double angle, double offCentre, double farDistance )
+{
+    std::array<Camera, 2> eyes;
+    for ( std::size_t eye = 0; eye < 2; ++eye )
+    {
+        const long double side = eye == 0 ? -1 : 1, c = std::cos( angle ), s = side * std::sin( angle );
+        ZqTest::Rows projection = {};
+        projection[0] = { 0.9L, 0, side * offCentre, 0 };
+        projection[1] = { 0, 0.8L, 0, 0 };
+        ZqTest::setDepth( projection, GeDepthRange::ZERO_TO_ONE, 0.1L, farDistance, -1 );
+        const ZqTest::Rows view = {
+            { { c, 0, s, -c * side * 0.032L }, { 0, 1, 0, 0 }, { -s, 0, c, s * side * 0.032L }, { 0, 0, 0, 1 } } };
+        eyes[eye] = { ZqTest::multiply( projection, view ), GeDepthRange::ZERO_TO_ONE };
+    }
+    return eyes;
+}
+
+template <class T>
+constexpr auto OUTSIDE = GeViewVolume<T>::VIEW_OUTSIDE;
+template <class T>
+constexpr auto INSIDE = GeViewVolume<T>::VIEW_INSIDE;
+template <class T>
+constexpr auto INTERSECT = GeViewVolume<T>::VIEW_INTERSECT;
+
+template <class T>
+T magnitudeOf( const GeAlignedBox3<T>& box )
+{
+    T largest = 0;
+    for ( int axis = 0; axis < 3; ++axis )
+        largest =
+            std::max( { largest, std::fabs( box.getInterval( axis ).min ), std::fabs( box.getInterval( axis ).max ) } );
+    return largest;
+}
+
+/// Larger on every side, or smaller, by some units in the last place of the largest coordinate.
+template <class T>
+GeAlignedBox3<T> grow( const GeAlignedBox3<T>& box, T units )
+{
+    const T margin = units * epsilon<T> * magnitudeOf( box );
+    GeAlignedBox3<T> grown;
+    for ( int axis = 0; axis < 3; ++axis )
+        grown.setInterval( axis, { box.getInterval( axis ).min - margin, box.getInterval( axis ).max + margin } );
+    return grown;
+}
+
+/// For every family and every ratio of far to near from 10 to 10^9: test( random, camera, its rounded matrix, ratio ).
+template <class T, class Test>
+void forEachCamera( unsigned seed, int count, const Test& test )
+{
+    Random random( ZqTest::wideSeed() * 100 + seed );
+    for ( int family = 0; family < NB_FAMILIES; ++family )
+        for ( int power = 1; power <= 9; ++power )
+            for ( int i = 0; i < count; ++i )
+            {
+                const Camera camera = makeCamera( random, family, std::pow( 10.0L, power ) );
+                SCOPED_TRACE( "family " + std::to_string( family ) + ", ratio 10^" + std::to_string( power ) );
+                test( random, camera, camera.round<T>() );
+                if ( ::testing::Test::HasFailure() )
+                    return;
+            }
+}
+
+// What is proved is true, for every camera; and the zone without a verdict is only some roundings wide: a box that is
+// beyond one side, or within all, still when it is larger by a few of them, gets its verdict.
+ZQ_TWIN_TEST( ViewVolume, VerdictsAreTrueByExactRationalsAndFewAreWithheld )
+{
+    ZqTest::Verdicts seen = {};
+    forEachCamera<T>( 1, 6,
+        [&seen]( Random& random, const Camera& camera, const GeProjectiveMatrix3<T>& m )
+        {
+            const GeViewVolume<T> volume( m, camera.range );
+            const ExactView<T> exact( m, camera.range );
+            for ( int i = 0; i < 25; ++i )
+            {
+                const GeAlignedBox3<T> box = makeBoxNear<T>( random, camera );
+                const auto verdict = volume.classify( box );
+                ++seen[verdict];
+                GeAlignedBox3<T> within = box;
+                const Interval<T> whole = box.getInterval( i % 3 );
+                within.setInterval( i % 3, { whole.min, whole.min + ( whole.max - whole.min ) / 2 } );
+                EXPECT_TRUE( verdict == INTERSECT<T> || volume.classify( within ) == verdict ) << box;
+                const int witness = volume.findSeparatingPlane( box );
+                EXPECT_EQ( verdict == OUTSIDE<T>, witness >= 0 ) << box;
+                if ( witness >= 0 )
+                {
+                    EXPECT_LT( exact.largestSign( volume.getSide( witness ), box ), 0 ) << box;
+                }
+                EXPECT_TRUE( verdict != INSIDE<T> || exact.isWithinAll( box ) ) << box;
+                EXPECT_TRUE( verdict == OUTSIDE<T> || !exact.isBeyondOne( grow( box, T( 8 ) ) ) ) << box;
+                EXPECT_TRUE( verdict == INSIDE<T> || !exact.isWithinAll( grow( box, T( 8 ) ) ) ) << box;
+            }
+        } );
+    for ( const auto verdict : { OUTSIDE<T>, INSIDE<T>, INTERSECT<T> } )
+        EXPECT_GT( seen[verdict], 1000 );
+}
+
+ZQ_TWIN_TEST( ViewVolume, SpheresAreTrueByExactRationals )
+{
+    ZqTest::Verdicts seen = {};
+    forEachCamera<T>( 2, 3,
+        [&seen]( Random& random, const Camera& camera, const GeProjectiveMatrix3<T>& m )
+        {
+            const GeViewVolume<T> volume( m, camera.range );
+            const bool isWhole = camera.range == GeDepthRange::MINUS_ONE_TO_ONE;
+            for ( int i = 0; i < 10; ++i )
+            {
+                const GePoint3<T> c = makeBoxNear<T>( random, camera ).getCorner( 0 );
+                T radius = magnitudeOf( GeAlignedBox3<T>( c ) ) * random.uniform( T( -1 ), T( 1 ) );
+                // mostly one that nearly touches a side
+                mpq_class least;
+                for ( int side = 0; side < 6; ++side )
+                {
+                    mpq_class value, squares;
+                    for ( int k = 0; k < 4; ++k )
+                    {
+                        const mpq_class row( m( side / 2, k ) ), w( m( 3, k ) );
+                        const bool isUpper =
+                            ( side % 2 == 1 ) != ( side >= 4 && camera.range == GeDepthRange::ONE_TO_ZERO );
+                        const mpq_class n = isUpper ? mpq_class( w - row )
+                            : side < 4 || isWhole   ? mpq_class( w + row )
+                                                    : row;
+                        value += n * ( k < 3 ? mpq_class( c[k] ) : mpq_class( 1 ) );
+                        squares += k < 3 ? mpq_class( n * n ) : mpq_class( 0 );
+                    }
+                    if ( squares == 0 )
+                        continue;
+                    if ( side == i % 6 )
+                        radius = static_cast<T>( std::fabs( value.get_d() ) / std::sqrt( squares.get_d() ) ) *
+                            ( random.index( 2 ) ? 1 + epsilon<T> * T( random.index( 9 ) - 4 )
+                                                : random.uniform( T( 0.1 ), T( 1.5 ) ) );
+                    // in lengths of the normal, with its sign, squared
+                    const mpq_class distance = value * abs( value ) / squares;
+                    if ( side == 0 || distance < least )
+                        least = distance;
+                }
+                if ( !std::isfinite( radius ) )
+                    continue;
+                const auto verdict = volume.classify( GeSphere3<T>( c, radius ) );
+                ++seen[verdict];
+                const mpq_class square = mpq_class( radius ) * mpq_class( radius );
+                EXPECT_TRUE( verdict != OUTSIDE<T> || least < -square ) << c << radius;
+                EXPECT_TRUE( verdict != INSIDE<T> || least >= square ) << c << radius;
+                EXPECT_EQ( volume.classify( GeSphere3<T>( c, -radius ) ), verdict );
+            }
+        } );
+    for ( const auto verdict : { OUTSIDE<T>, INSIDE<T>, INTERSECT<T> } )
+        EXPECT_GT( seen[verdict], 50 );
+}
+
+// The worst case of the bound: products, sums and coefficients whose roundings all go one way. A point whose exact
+// value is above 0 is never outside, although its rounded one is far below; nor is it inside where all signs are
+// changed. What is found reaches beyond half the bound, and, for coefficients that were rounded, beyond all of the
+// rest.
+ZQ_TWIN_TEST( ViewVolume, TheBoundIsNeededAndNotTwiceTheWorstCase )
+{
+    const T eps = epsilon<T>;
+    const int half = std::numeric_limits<T>::digits / 2;
+    Random random( 3 );
+    double worst[2] = {};
+    for ( const auto i : random.runs( 300000 ) )
+    {
+        // 1 + j eps times 1 + k eps loses j k eps^2, nearly half of eps; two of them have an odd sum in units of eps
+        T n[3], p[3];
+        for ( int axis = 0; axis < 3; ++axis )
+        {
+            n[axis] = 1 + eps * T( ( 1 << ( half - 1 ) ) + random.index( 1 << ( half - 2 ) ) );
+            p[axis] = 1 + eps * std::floor( T( 0.49 ) / ( n[axis] - 1 ) + T( random.index( 2 ) ) );
+        }
+        const bool isRounded = i % 2; // z is w - n p, so that w - z, the far plane, gets coefficients that are
+        n[2] /= isRounded ? 4 : 64;   // small, to end up between two numbers when the offset is added
+        const T computed[2] = { n[0] * p[0] + n[1] * p[1], n[2] * p[2] };
+        const T d = -( computed[0] + computed[1] ) + eps * T( 2 * random.index( 8 ) - 2 );
+        const T value = computed[0] + ( computed[1] + d );
+        mpq_class exact( d );
+        double rows[4][4] = { {}, {}, { 0, 0, 0, 4 }, { 0, 0, 0, 4 + double( d ) } };
+        for ( int axis = 0; axis < 3; ++axis )
+        {
+            rows[2][axis] = -double( n[axis] );
+            rows[3][axis] = isRounded ? double( eps * T( 0.49 ) * n[axis] ) : 0;
+            exact += ( mpq_class( n[axis] ) + mpq_class( static_cast<T>( rows[3][axis] ) ) ) * mpq_class( p[axis] );
+        }
+        if ( exact <= 0 || value >= 0 )
+            continue;
+        const double reach = double( std::max( { p[0], p[1], p[2] } ) );
+        const double bound =
+            double( eps ) / 2 * ( 2 * double( n[0] + n[1] + n[2] ) * reach + std::fabs( double( d ) ) );
+        worst[isRounded] = std::max( worst[isRounded], -double( value ) / bound );
+        const GeViewVolume<T> volume( GeProjectiveMatrix3<T>( rows, false ), GeDepthRange::ZERO_TO_ONE );
+        ASSERT_NE( volume.classify( GePoint3<T>( p[0], p[1], p[2] ) ), OUTSIDE<T> );
+        for ( int column = 0; column < 4 && !isRounded; ++column )
+            rows[2][column] = -( rows[3][column] - rows[2][column] );
+        const GeViewVolume<T> opposite( GeProjectiveMatrix3<T>( rows, false ), GeDepthRange::ZERO_TO_ONE );
+        ASSERT_TRUE( isRounded || opposite.classify( GePoint3<T>( p[0], p[1], p[2] ) ) != INSIDE<T> );
+    }
+    EXPECT_GT( worst[0], 0.6 );
+    EXPECT_GT( worst[1], 1.1 );
+}
+
+/// A placement with its elements rounded: turned, sheared, mirrored, of any size.
+template <class T>
+GeAffineMatrix3<T> makePlacement( Random& random, T distance )
+{
+    GeAffineMatrix3<T> m;
+    const T size = std::pow( T( 10 ), random.uniform( T( -3 ), T( 2 ) ) );
+    for ( int row = 0; row < 3; ++row )
+        for ( int column = 0; column < 4; ++column )
+            m( row, column ) = random.uniform( T( -1 ), T( 1 ) ) * ( column < 3 ? size : distance );
+    return m;
+}
+
+/// The rows of the matrix times the placement cannot be written in T: values of the sides at the corners, exactly.
+template <class T>
+std::array<std::pair<int, int>, 6> findSigns( const GeProjectiveMatrix3<T>& m, GeDepthRange range,
+    const GeAlignedBox3<T>& box, const GeAffineMatrix3<T>& toWorld )
+{
+    std::array<std::pair<int, int>, 6> signs; // smallest, largest
+    signs.fill( { 1, -1 } );
+    for ( int corner = 0; corner < 8; ++corner )
+    {
+        const GePoint3<T> p = box.getCorner( corner );
+        mpq_class world[4] = { 0, 0, 0, 1 }, clip[4];
+        for ( int row = 0; row < 3; ++row )
+            for ( int column = 0; column < 4; ++column )
+                world[row] +=
+                    mpq_class( toWorld( row, column ) ) * ( column < 3 ? mpq_class( p[column] ) : mpq_class( 1 ) );
+        for ( int row = 0; row < 4; ++row )
+            for ( int column = 0; column < 4; ++column )
+                clip[row] += mpq_class( m( row, column ) ) * world[column];
+        mpq_class depth[2] = {
+            range == GeDepthRange::MINUS_ONE_TO_ONE ? mpq_class( clip[3] + clip[2] ) : clip[2], clip[3] - clip[2] };
+        if ( range == GeDepthRange::ONE_TO_ZERO )
+            std::swap( depth[0], depth[1] );
+        const mpq_class values[6] = {
+            clip[3] + clip[0], clip[3] - clip[0], clip[3] + clip[1], clip[3] - clip[1], depth[0], depth[1] };
+        for ( std::size_t side = 0; side < 6; ++side )
+        {
+            signs[side].first = std::min( signs[side].first, sgn( values[side] ) );
+            signs[side].second = std::max( signs[side].second, sgn( values[side] ) );
+        }
+    }
+    return signs;
+}
+
+// Oriented boxes: the box with its placement, and the volume taken to the space of the box.
+ZQ_TWIN_TEST( ViewVolume, PlacedBoxesAreTrueByExactRationals )
+{
+    ZqTest::Verdicts seen[2] = {};
+    forEachCamera<T>( 4, 3,
+        [&seen]( Random& random, const Camera& camera, const GeProjectiveMatrix3<T>& m )
+        {
+            const GeViewVolume<T> volume( m, camera.range );
+            GeAffineMatrix3<T> toWorld = makePlacement( random, T( 0 ) );
+            const GeViewVolume<T> turned = volume.computeTransformed( toWorld );
+            for ( int i = 0; i < 10; ++i )
+            {
+                // its corner 7 comes to lie near a side
+                const GePoint3<T> corner = random.point<T>( 1 );
+                GeAlignedBox3<T> box( corner, corner - random.vector<T>( random.index( 3 ) == 0 ? T( 0 ) : T( 1 ) ) );
+                const GePoint3<T> target = makeBoxNear<T>( random, camera ).getCorner( 0 );
+                const GeVector3<T> offset = target - toWorld * corner;
+                GeAffineMatrix3<T> placed = toWorld;
+                for ( int row = 0; row < 3 && i % 2; ++row )
+                    placed( row, 3 ) = offset[row];
+                const auto signs = findSigns( m, camera.range, box, placed );
+                const bool isBeyond =
+                    std::any_of( signs.begin(), signs.end(), []( auto sign ) { return sign.second < 0; } );
+                const bool isWithin =
+                    std::all_of( signs.begin(), signs.end(), []( auto sign ) { return sign.first >= 0; } );
+                const auto verdict = volume.classify( box, placed );
+                const auto other = ( i % 2 ? volume.computeTransformed( placed ) : turned ).classify( box );
+                ++seen[0][verdict];
+                ++seen[1][other];
+                for ( const auto answer : { verdict, other } )
+                {
+                    EXPECT_TRUE( answer != OUTSIDE<T> || isBeyond ) << box << placed;
+                    EXPECT_TRUE( answer != INSIDE<T> || isWithin ) << box << placed;
+                }
+            }
+        } );
+    for ( const auto& kind : seen )
+        for ( const auto verdict : { OUTSIDE<T>, INSIDE<T>, INTERSECT<T> } )
+            EXPECT_GT( kind[verdict], 100 );
+}
+
+// Parts between any bounds, and tight verdicts: outside is without a common point, and a box that is apart from the
+// volume by more than roundings is outside.
+ZQ_TWIN_TEST( ViewVolume, PartsAndTightVerdictsAreTrueByExactRationals )
+{
+    int nbTight = 0;
+    forEachCamera<T>( 5, 1,
+        [&nbTight]( Random& random, const Camera& camera, const GeProjectiveMatrix3<T>& m )
+        {
+            std::array<T, 6> bounds;
+            for ( std::size_t i = 0; i < 6; i += 2 )
+            {
+                T a = random.uniform( T( -1 ), T( 1 ) ), b = random.uniform( T( -1 ), T( 1 ) );
+                if ( i == 4 && random.index( 4 ) != 0 ) // slices far away, where the rows of depth and weight cancel
+                {
+                    a = 1 - std::pow( T( 10 ), random.uniform( T( -6 ), T( 0 ) ) );
+                    b = 1 - std::pow( T( 10 ), random.uniform( T( -6 ), T( 0 ) ) );
+                }
+                bounds[i] = std::min( a, b );
+                bounds[i + 1] = std::max( a, b );
+            }
+            const auto part = GeViewVolume<T>( m, camera.range )
+                                  .computePart( bounds[0], bounds[1], bounds[2], bounds[3], bounds[4], bounds[5] );
+            const ExactView<T> exact( m, camera.range, bounds );
+            Camera zoomed = camera; // maps the part to the cube, about
+            for ( std::size_t row = 0; row < 3; ++row )
+                for ( std::size_t i = 0; i < 4; ++i )
+                    zoomed.rows[row][i] =
+                        ( 2 * camera.rows[row][i] - ( bounds[2 * row + 1] + bounds[2 * row] ) * camera.rows[3][i] ) /
+                        ( bounds[2 * row + 1] - bounds[2 * row] );
+            zoomed.range = GeDepthRange::MINUS_ONE_TO_ONE;
+            for ( int i = 0; i < 20; ++i )
+            {
+                const GeAlignedBox3<T> box = makeBoxNear<T>( random, zoomed );
+                const auto verdict = part.classify( box ), tight = part.classifyTight( box );
+                EXPECT_TRUE( verdict != OUTSIDE<T> || exact.isBeyondOne( box ) ) << box;
+                EXPECT_TRUE( verdict != INSIDE<T> || exact.isWithinAll( box ) ) << box;
+                EXPECT_TRUE( tight == verdict || verdict == INTERSECT<T> ) << box;
+                if ( tight == OUTSIDE<T> && verdict == INTERSECT<T> )
+                {
+                    EXPECT_FALSE( exact.hasCommonPoint( box ) ) << box;
+                    ++nbTight;
+                }
+                else if ( tight == INTERSECT<T> )
+                {
+                    EXPECT_TRUE( exact.hasCommonPoint( grow( box, T( 1024 ) ) ) ) << box;
+                }
+            }
+        } );
+    EXPECT_GT( nbTight, 0 );
+}
+
+// Swept by a box of offsets: what is outside is so for every one of them, and what is beyond by more than roundings is
+// outside.
+ZQ_TWIN_TEST( ViewVolume, SweptVolumesHoldTheVolumeOfEveryEye )
+{
+    int nbOutside = 0;
+    forEachCamera<T>( 6, 3,
+        [&nbOutside]( Random& random, const Camera& camera, const GeProjectiveMatrix3<T>& m )
+        {
+            const GeViewVolume<T> volume( m, camera.range );
+            const ExactView<T> exact( m, camera.range );
+            for ( int i = 0; i < 20; ++i )
+            {
+                // near a side as it is seen from one corner of the offsets
+                const GeAlignedBox3<T> near = makeBoxNear<T>( random, camera );
+                const GePoint3<T> from = random.point<T>( magnitudeOf( near ) );
+                const GeVector3<T> to = random.vector<T>( random.index( 4 ) ? magnitudeOf( near ) : T( 0 ) );
+                const GeAlignedBox3<T> offsets( from, from + to );
+                const GeVector3<T> offset( offsets.getCorner( i % 8 ) - GePoint3<T>() );
+                const GeAlignedBox3<T> box( near.getCorner( 0 ) + offset, near.getCorner( 7 ) + offset );
+                const GeViewVolume<T> swept = volume.computeSwept( offsets );
+                const int witness = swept.findSeparatingPlane( box );
+                nbOutside += witness >= 0;
+                EXPECT_TRUE( witness < 0 || exact.largestSweptSign( swept.getSide( witness ), box, offsets ) < 0 )
+                    << box;
+                const GeAlignedBox3<T> grown = grow( box, T( 64 ) );
+                for ( int side = 0; side < 6; ++side )
+                    EXPECT_TRUE( witness >= 0 || exact.largestSweptSign( side, grown, offsets ) >= 0 )
+                        << box << offsets;
+            }
+        } );
+    EXPECT_GT( nbOutside, 300 );
+    const GeViewVolume<T> volume( makeEyes( 0, 0, 10 )[0].round<T>(), GeDepthRange::ZERO_TO_ONE );
+    EXPECT_EQ( volume.computeSwept( GeAlignedBox3<T>( GePoint3<T>() ) ), volume );
+}
+
+// Boxes of half size 1 to 200 around a volume 100 deep: everything without a common point is outside.
+ZQ_TWIN_TEST( ViewVolume, TightVerdictsKeepNothingThatIsOutside )
+{
+    const Camera camera = makeEyes( 0.3, 0, 100 )[0];
+    const GeProjectiveMatrix3<T> m = camera.round<T>();
+    const GeViewVolume<T> volume( m, camera.range );
+    const ExactView<T> exact( m, camera.range );
+    Random random( ZqTest::wideSeed() + 7 );
+    int nbKeptByPlanes = 0;
+    for ( const auto i : random.runs( 400 ) )
+    {
+        const GePoint3<T> center = random.point<T>( 300 );
+        GeVector3<T> half;
+        for ( int axis = 0; axis < 3; ++axis )
+            half[axis] = std::pow( T( 200 ), random.uniform( T( 0 ), T( 1 ) ) );
+        const GeAlignedBox3<T> box( center - half, center + half );
+        const bool isOutside = !exact.hasCommonPoint( box );
+        EXPECT_EQ( volume.classifyTight( box ) == OUTSIDE<T>, isOutside ) << box;
+        nbKeptByPlanes += isOutside && volume.classify( box ) != OUTSIDE<T>;
+    }
+    EXPECT_GT( nbKeptByPlanes, 10 );
+}
+
+// A large box that faces a corner of the volume: three planes together say that they are apart.
+ZQ_TWIN_TEST( ViewVolume, TightVerdictsSeeBoxesBeyondACorner )
+{
+    Random random( ZqTest::wideSeed() + 10 );
+    int nbKeptByPlanes = 0;
+    for ( const auto i : random.runs( 200 ) )
+    {
+        const Camera camera = makeCamera( random, i % 2 ? 1 : 7, 30 );
+        const GeViewVolume<T> volume( camera.round<T>(), camera.range );
+        GeHomogeneousCoord3<T> corners[8];
+        ASSERT_TRUE( volume.computeCorners( corners ) );
+        GeAlignedBox3<T> bounds;
+        for ( const GeHomogeneousCoord3<T>& c : corners )
+            bounds.extend( GePoint3<T>( c.getX(), c.getY(), c.getZ() ) );
+        const T size = magnitudeOf( bounds );
+        for ( int axis = 0; axis < 3; ++axis )
+        {
+            GeAlignedBox3<T> box = grow( bounds, T( 0.2 ) / epsilon<T> );
+            const T face = bounds.getInterval( axis ).max;
+            box.setInterval( axis, { face + size / 1000, face + size } );
+            nbKeptByPlanes += volume.classify( box ) != OUTSIDE<T>;
+            EXPECT_EQ( volume.classifyTight( box ), OUTSIDE<T> ) << box;
+            box.setInterval( axis, { face - size / 1000, face + size } );
+            EXPECT_EQ( volume.classifyTight( box ), INTERSECT<T> ) << box;
+        }
+    }
+    EXPECT_GT( nbKeptByPlanes, 100 );
+}
+
+// Two eyes, parallel and off-centre, or 5 to 15 degrees apart, finite and infinite: the union never says outside of a
+// box that one of them sees. It keeps nothing else that both do not see where their hull is no larger than they are,
+// and few boxes that lie in what the hull adds: above and below the seam of the images, and between far planes that
+// are near.
+ZQ_TWIN_TEST( ViewVolume, UnionsHoldBothEyesAndLittleElse )
+{
+    const double degree = 3.14159265358979 / 180;
+    for ( const double farDistance : { 100.0, 1e6, double( ZqTest::infinity<float> ) } )
+        for ( const double angle : { 0.0, 2.5, -5.0, 7.5 } )
+        {
+            SCOPED_TRACE( std::to_string( farDistance ) + " far, each turned by " + std::to_string( angle ) );
+            const std::array<Camera, 2> eyes = makeEyes( angle * degree, angle == 0 ? 0.2 : 0, farDistance );
+            const GeProjectiveMatrix3<T> matrices[2] = { eyes[0].round<T>(), eyes[1].round<T>() };
+            const GeViewVolume<T> views[2] = { { matrices[0], eyes[0].range }, { matrices[1], eyes[1].range } };
+            const ExactView<T> exact[2] = { { matrices[0], eyes[0].range }, { matrices[1], eyes[1].range } };
+            const GeViewVolume<T> both = GeViewVolume<T>::makeUnion( views, 2 );
+            Random random( 9 ), wide( ZqTest::wideSeed() + 8 );
+            int nbKept = 0, nbBoxes = 0;
+            for ( const auto i : random.runs( 3000 ) )
+            {
+                const GePoint3<T> center = random.point<T>( 100 );
+                const GeVector3<T> half( 1, 1, random.uniform( T( 0 ), T( 3 ) ) );
+                const bool isAnywhere = i % 4 != 0;
+                const GeAlignedBox3<T> box = isAnywhere ? GeAlignedBox3<T>( center - half, center + half )
+                                                        : makeBoxNear<T>( wide, eyes[std::size_t( i / 4 % 2 )] );
+                const bool isSeen =
+                    views[0].classifyTight( box ) != OUTSIDE<T> || views[1].classifyTight( box ) != OUTSIDE<T>;
+                const bool isOutside = both.classify( box ) == OUTSIDE<T>;
+                EXPECT_FALSE( isOutside && isSeen && // or too close to tell
+                    ( exact[0].hasCommonPoint( box ) || exact[1].hasCommonPoint( box ) ) )
+                    << box;
+                nbBoxes += isAnywhere;
+                nbKept += isAnywhere && !isSeen && !isOutside;
+            }
+            EXPECT_LE( nbKept, std::fabs( angle ) * ( farDistance == 100 ? 0.003 : 0.002 ) * nbBoxes );
+        }
+}
+
+ZQ_TWIN_TEST( ViewVolume, UnionsOfEverythingAndNothing )
+{
+    const GeViewVolume<T> empty = GeViewVolume<T>::makeUnion( nullptr, 0 );
+    EXPECT_TRUE( empty.isEmpty() );
+    const GeAlignedBox3<T> box( GePoint3<T>( -1, -1, -3 ), GePoint3<T>( 1, 1, -2 ) );
+    EXPECT_EQ( empty.classify( box ), OUTSIDE<T> );
+    EXPECT_EQ( empty.getPlane( 0 ), GePlane3<T>( 0, 0, 0, T( -0.125 ) ) );
+
+    // the six faces of a cube, infinitely deep: no plane has them all on one side
+    std::vector<GeViewVolume<T>> faces;
+    for ( int face = 0; face < 6; ++face )
+    {
+        double rows[4][4] = {};
+        const int axis = face / 2;
+        rows[0][( axis + 1 ) % 3] = rows[1][( axis + 2 ) % 3] = 1;
+        rows[2][3] = 0.1;
+        rows[3][axis] = face % 2 ? -1 : 1;
+        faces.emplace_back( GeProjectiveMatrix3<T>( rows, false ), GeDepthRange::ONE_TO_ZERO );
+        EXPECT_EQ( faces.back().getNbPlanes(), 5 );
+    }
+    EXPECT_EQ( GeViewVolume<T>::makeUnion( faces.data(), 6 ).getNbPlanes(), 0 );
+    // what is empty adds nothing, and a union with itself is as good as the volume
+    const GeViewVolume<T> some[3] = { empty, faces[0], faces[0] };
+    const GeViewVolume<T> same = GeViewVolume<T>::makeUnion( some, 3 );
+    Random random( 9 );
+    for ( const auto i : random.runs( 300 ) )
+    {
+        const GePoint3<T> p = random.point<T>( 4 );
+        EXPECT_EQ( same.classify( p ), faces[0].classify( p ) ) << p;
+    }
+}
+
+ZQ_TWIN_TEST( ViewVolume, CornersAreWhereTheMatrixPutsThem )
+{
+    for ( const double farDistance : { 50.0, double( ZqTest::infinity<float> ) } )
+    {
+        const Camera camera = makeEyes( 0.2, 0.1, farDistance )[1];
+        const GeProjectiveMatrix3<T> m = camera.round<T>();
+        const GeViewVolume<T> volume( m, camera.range );
+        GeHomogeneousCoord3<T> corners[8];
+        ASSERT_TRUE( volume.computeCorners( corners ) );
+        for ( int i = 0; i < 8; ++i )
+        {
+            const GeHomogeneousCoord3<T> clip = m * corners[i];
+            EXPECT_EQ( corners[i].getW(), i < 4 || farDistance == 50 ? T( 1 ) : T( 0 ) );
+            EXPECT_GT( clip.getW(), 0 );
+            const T tolerance = 2000 * epsilon<T>;
+            EXPECT_NEAR( clip.getX() / clip.getW(), i & 1 ? 1 : -1, tolerance );
+            EXPECT_NEAR( clip.getY() / clip.getW(), i & 2 ? 1 : -1, tolerance );
+            EXPECT_NEAR( clip.getZ() / clip.getW(), i & 4 ? 1 : 0, tolerance );
+        }
+    }
+    // each edge once, along its own axis
+    std::set<std::pair<int, int>> edges;
+    for ( int edge = 0; edge < 12; ++edge )
+    {
+        int from = 0, to = 0;
+        GeViewVolume<T>::getEdge( edge, from, to );
+        EXPECT_EQ( to - from, 1 << edge / 4 );
+        EXPECT_EQ( from & to, from );
+        EXPECT_LT( to, 8 );
+        edges.insert( { from, to } );
+    }
+    EXPECT_EQ( edges.size(), 12U );
+    GeHomogeneousCoord3<T> corners[8];
+    EXPECT_FALSE( GeViewVolume<T>::makeUnion( nullptr, 0 ).computeCorners( corners ) );
+}
+
+// Around the smallest normal number, with denormal numbers and, where the processor can do without them, with 0 in
+// their place.
+ZQ_TWIN_TEST( ViewVolume, UnderflowIsWithinTheBound )
+{
+    using Limits = std::numeric_limits<T>;
+    Random random( ZqTest::wideSeed() + 11 );
+    int nbDecided = 0;
+    for ( const auto i : random.runs( 20000 ) )
+    {
+        // z alone bounds anything; its plane goes through the origin, or nearly
+        GeProjectiveMatrix3<T> m;
+        for ( int element = 0; element < 12; ++element )
+            m( element / 4, element % 4 ) = element < 8 ? T( 0 ) : random.uniform( T( -1 ), T( 1 ) );
+        m( 2, 3 ) = random.index( 2 ) ? T( 0 ) : Limits::min() * random.uniform( T( -9 ), T( 9 ) );
+        const GeViewVolume<T> volume( m, GeDepthRange::ZERO_TO_ONE );
+        const ExactView<T> exact( m, GeDepthRange::ZERO_TO_ONE );
+        GePoint3<T> p[2];
+        for ( GePoint3<T>& point : p )
+            for ( int axis = 0; axis < 3; ++axis )
+                point[axis] = random.uniform( T( -1 ), T( 1 ) ) *
+                    std::ldexp( Limits::min(), random.index( 12 ) - ( random.index( 2 ) ? 8 : 0 ) );
+        const GeAlignedBox3<T> box( p[0], p[random.index( 2 )] );
+        const GeSphere3<T> sphere( p[0], 0 );
+        typename GeViewVolume<T>::Classification verdicts[6];
+        for ( int mode = 0; mode < 2; ++mode )
+        {
+#if defined( __SSE2__ )
+            const unsigned before = _mm_getcsr();
+            _mm_setcsr( mode ? before | 0x8040U : before ); // flush to zero, denormals are zero
+#endif
+            verdicts[3 * mode] = volume.classify( box );
+            verdicts[3 * mode + 1] = volume.classifyTight( box );
+            verdicts[3 * mode + 2] = volume.classify( box, GeAffineMatrix3<T>() );
+            const auto ofSphere = volume.classify( sphere );
+#if defined( __SSE2__ )
+            _mm_setcsr( before );
+#endif
+            EXPECT_TRUE( ofSphere != OUTSIDE<T> || exact.isBeyondOne( GeAlignedBox3<T>( p[0] ) ) ) << p[0];
+            EXPECT_TRUE( ofSphere != INSIDE<T> || exact.isWithinAll( GeAlignedBox3<T>( p[0] ) ) ) << p[0];
+        }
+        for ( const auto verdict : verdicts )
+        {
+            nbDecided += verdict != INTERSECT<T>;
+            EXPECT_TRUE( verdict != OUTSIDE<T> || exact.isBeyondOne( box ) ) << box;
+            EXPECT_TRUE( verdict != INSIDE<T> || exact.isWithinAll( box ) ) << box;
+        }
+    }
+    EXPECT_GT( nbDecided, 1000 );
+}
+
+ZQ_TWIN_TEST( ViewVolume, DegenerateInputsHaveTheStatedVerdicts )
+{
+    using Limits = std::numeric_limits<T>;
+    const T nan = ZqTest::nan<T>, infinite = ZqTest::infinity<T>, tiny = Limits::denorm_min(), largest = Limits::max();
+    const auto boxOf = []( T lower, T upper ) {
+        return GeAlignedBox3<T>(
+            Interval<T>( lower, upper ), Interval<T>( lower, upper ), Interval<T>( lower, upper ) );
+    };
+    const GeViewVolume<T> cube( GeProjectiveMatrix3<T>(), GeDepthRange::MINUS_ONE_TO_ONE );
+    EXPECT_EQ( cube.getNbPlanes(), 6 );
+    EXPECT_EQ( cube.classify( boxOf( -1, 1 ) ), INTERSECT<T> ); // touches its sides
+    EXPECT_EQ( cube.classify( boxOf( T( -0.9 ), T( 0.9 ) ) ), INSIDE<T> );
+    EXPECT_EQ( cube.classify( boxOf( -tiny, tiny ) ), INSIDE<T> );
+    EXPECT_EQ( cube.classify( boxOf( T( 1.1 ), 100 ) ), OUTSIDE<T> );
+    EXPECT_EQ( cube.classify( boxOf( T( 1.1 ), largest ) ), INTERSECT<T> ); // too large to tell
+    EXPECT_EQ( cube.classify( boxOf( -largest, largest ) ), INTERSECT<T> );
+    EXPECT_EQ( cube.classifyTight( boxOf( -largest, largest ) ), INTERSECT<T> );
+    EXPECT_EQ( cube.classify( boxOf( 2, infinite ) ), INTERSECT<T> );
+    EXPECT_EQ( cube.classify( boxOf( infinite, infinite ) ), INTERSECT<T> );
+    EXPECT_EQ( cube.classify( GeSphere3<T>( GePoint3<T>( 3, 0, 0 ), infinite ) ), INTERSECT<T> );
+    EXPECT_EQ( cube.classify( GeSphere3<T>( GePoint3<T>( 3, nan, 0 ), 1 ) ), INTERSECT<T> );
+    EXPECT_EQ( cube.classify( GeSphere3<T>( GePoint3<T>( 3, 0, 0 ), nan ) ), INTERSECT<T> );
+    EXPECT_EQ( cube.classify( GeAlignedBox3<T>() ), OUTSIDE<T> );
+    EXPECT_EQ( cube.findSeparatingPlane( GeAlignedBox3<T>() ), -1 );
+    for ( int axis = 0; axis < 3; ++axis )
+        for ( const bool isLower : { true, false } )
+        {
+            // far beyond on the other axes, and inverted or unknown on one
+            GeAlignedBox3<T> box = boxOf( 5, 6 );
+            box.setInterval( axis, isLower ? Interval<T>( 9, 8 ) : Interval<T>( 0, -tiny ) );
+            EXPECT_EQ( cube.classify( box ), OUTSIDE<T> );
+            EXPECT_EQ( cube.classify( box, GeAffineMatrix3<T>() ), OUTSIDE<T> );
+            box.setInterval( axis, isLower ? Interval<T>( nan, 6 ) : Interval<T>( 5, nan ) );
+            EXPECT_EQ( cube.classify( box ), INTERSECT<T> );
+            EXPECT_EQ( cube.classifyTight( box ), INTERSECT<T> );
+            EXPECT_EQ( cube.classify( box, GeAffineMatrix3<T>() ), INTERSECT<T> );
+            EXPECT_EQ( cube.findSeparatingPlane( box ), -1 );
+        }
+    for ( int element = 0; element < 12; ++element )
+        for ( const T odd : { nan, infinite, largest } )
+        {
+            GeAffineMatrix3<T> placement;
+            placement( element / 4, element % 4 ) = odd;
+            EXPECT_NE( cube.classify( boxOf( T( -0.5 ), T( 0.5 ) ), placement ), INSIDE<T> );
+            EXPECT_TRUE( odd == largest || cube.classify( boxOf( 5, 6 ), placement ) == INTERSECT<T> );
+        }
+
+    std::ostringstream text;
+    text << cube.computePart( 0, 1, 0, 1, 0, 1 );
+    EXPECT_EQ( text.str(),
+        "\nplane( 0 ) = [0.125, 0, 0, 0]\nplane( 1 ) = [-0.125, 0, 0, 0.125]"
+        "\nplane( 2 ) = [0, 0.125, 0, 0]\nplane( 3 ) = [0, -0.125, 0, 0.125]"
+        "\nplane( 4 ) = [0, 0, 0.125, 0]\nplane( 5 ) = [0, 0, -0.125, 0.125]" );
+
+    // nothing is bounded by zeros; nothing is within 0 >= 1, whatever the other rows say; a matrix of no rank has a
+    // volume
+    const double zeros[4][4] = {};
+    const GeViewVolume<T> all( GeProjectiveMatrix3<T>( zeros, false ), GeDepthRange::ZERO_TO_ONE );
+    EXPECT_EQ( all.getNbPlanes(), 0 );
+    EXPECT_EQ( all.classify( boxOf( -largest, largest ) ), INSIDE<T> );
+    EXPECT_EQ( all.classify( boxOf( 0, infinite ) ), INTERSECT<T> );
+    const double never[4][4] = { { 1, 0, 0, 0 }, { 0, 1, 0, 0 }, { 0, 0, 0, -1 }, { 0, 0, 0, 1 } };
+    const GeViewVolume<T> none( GeProjectiveMatrix3<T>( never, false ), GeDepthRange::ZERO_TO_ONE );
+    EXPECT_TRUE( none.isEmpty() );
+    EXPECT_EQ( none.classify( boxOf( -largest, largest ) ), OUTSIDE<T> );
+    const double flat[4][4] = { { 1, 0, 0, 0 }, { 1, 0, 0, 0 }, { 1, 0, 0, 0 }, { 0, 0, 0, 1 } };
+    const GeViewVolume<T> slab( GeProjectiveMatrix3<T>( flat, false ), GeDepthRange::MINUS_ONE_TO_ONE );
+    EXPECT_EQ( slab.classify( GePoint3<T>( 0, largest, -largest ) ), INTERSECT<T> ); // too large to tell
+    EXPECT_EQ( slab.classify( GePoint3<T>( 0, 1000, 1000 ) ), INSIDE<T> );
+    EXPECT_EQ( slab.classify( GePoint3<T>( 2, 1000, 1000 ) ), OUTSIDE<T> );
+}
+} // namespace
