@@ -2,6 +2,7 @@
 #define ZQ_PRIMITIVES_GEVIEWVOLUME_H
 
 #include "geAlignedBox.h"
+#include "geDepthRange.h"
 #include "gePlane3.h"
 #include "geProjectiveMatrix3.h"
 #include "geSphere3.h"
@@ -12,14 +13,6 @@
 
 namespace Zq
 {
-
-/// What a projection does to depth, as the API that draws with it expects: which z / w the near and the far plane get.
-enum class GeDepthRange
-{
-    MINUS_ONE_TO_ONE, ///< near -1, far 1
-    ZERO_TO_ONE,      ///< near 0, far 1
-    ONE_TO_ZERO       ///< near 1, far 0: reversed
-};
 
 /// The view volume of any projection, and the classification of points, spheres and boxes against it with answers that
 /// are proved: rounding, overflow and underflow included, VIEW_OUTSIDE and VIEW_INSIDE are never wrong. For float and
