@@ -152,7 +152,7 @@ ZQ_TWIN_TEST( ProjectionBuilder, AnObliqueNearPlaneReplacesTheOldOne )
         const Number low = std::min( nearDepths[i], farDepths[i] ), high = std::max( nearDepths[i], farDepths[i] );
         const Number slack = 1000 * epsilon<T>;
         Number closestToFar = 10;
-        const Number last = lens.farDistance > 1e30F ? 1e12L : Number( lens.farDistance );
+        const Number last = lens.farDistance > 1e30F ? 1e18L : Number( lens.farDistance );
         for ( int corner = 0; corner < 8; ++corner )
         {
             const Number t = corner & 4 ? last : Number( lens.nearDistance ), size = isPerspective ? t : 1;

@@ -112,8 +112,9 @@ ZQ_TWIN_TEST( Viewport, UnprojectIsWithinOneUnitInTheLastPlaceOfFloat )
         Number largest = GeVector3<T>( studio.eye ).computeMaxAbs();
         for ( const Number coordinate : expected )
             largest = std::max( largest, std::fabs( coordinate ) );
-        // the reference itself is good to some 1e-13
-        const Number bound = sizeof( T ) == sizeof( float ) ? largest * epsilon<T> : largest * Number( 1e-12 );
+        const T size = T( largest ), unit = size - std::nextafter( size, T( 0 ) );
+        // in double the reference itself is good to some 1e-13
+        const Number bound = sizeof( T ) == sizeof( float ) ? Number( unit ) : largest * Number( 1e-12 );
         for ( int axis = 0; axis < 3; ++axis )
             EXPECT_LE( std::fabs( point[axis] - expected[static_cast<std::size_t>( axis )] ), bound );
     }
