@@ -85,8 +85,9 @@ public:
 
     /// The projection with its near plane replaced by a plane in camera space, for mirrors, portals and the surface of
     /// water: what lies on the side of its normal is seen. The plane may have any length. x, y and w stay as they are.
-    /// The far plane turns about the line where it met the plane's far side: it still holds all that was within the
-    /// old one and is on the visible side, and passes through the far corner that lies deepest behind the plane.
+    /// The far plane slants, too: it passes through that far corner of the old volume that lies deepest on the visible
+    /// side, so that nothing visible is lost, and depth between the two is as fine as it can be. What lies beyond the
+    /// old far plane may be seen.
     /// Source: E. Lengyel, Oblique View Frustum Depth Projection and Clipping, 2005.
     ///
     /// `projection` is one of the above, perhaps y down, for the range that is given. Reports "isProjection( projection )"

@@ -40,7 +40,7 @@ public:
 
     /// Where a point is drawn: x and y in pixels, z the depth. False, and nothing written, when the point is not before
     /// the eye of a perspective (w > 0), or the result does not fit T. What is outside the image or the depth range is
-    /// not held back.
+    /// not held back. A buffer of OpenGL holds ( z + 1 ) / 2 in its default range.
     bool project( const GePoint3<T>& point, GePoint3<T>& image ) const;
 
     /// The point that is drawn at x and y in pixels with the depth z. False, and nothing written, when no point before

@@ -4,8 +4,12 @@
 
 #include <zq/base/floatUtil.h>
 #include <zq/primitives/geCameraBuilder.h>
+#include <zq/primitives/geCascadeBuilder.h>
+#include <zq/primitives/geProjectionBuilder.h>
 #include <zq/primitives/geTolerances.h>
 #include <zq/primitives/geVector2Utils.h>
+#include <zq/primitives/geViewBuilder.h>
+#include <zq/primitives/geViewport.h>
 
 namespace ZqBits
 {
@@ -459,6 +463,64 @@ void cameraLibm( Inputs& in, Results& out )
     out.call( [&] { return Camera::computeOrthoRadius( angle, near ); } );
     out.call( [&] { return Camera::makePerspective( angle, near, far, aspect ); } );
     out.call( [&] { return Camera::makeOrthographic( angle, near, far, aspect ); } );
+    using Projection = GeProjectionBuilder<T>;
+    const auto range = static_cast<GeDepthRange>( in.index( 3 ) );
+    out.call( [&] { return Projection::makePerspectiveFromVerticalAngle( angle, aspect, near, far, range ); } );
+    out.call( [&] { return Projection::makePerspectiveFromHorizontalAngle( angle, aspect, near, far, range ); } );
+}
+
+/// Projections, their views, pixels and cascades: mostly of what makes a camera, so that more than reports come out.
+template <class T>
+void views( Inputs& in, Results& out )
+{
+    using Projection = GeProjectionBuilder<T>;
+    const auto range = static_cast<GeDepthRange>( in.index( 3 ) );
+    T v[6];
+    for ( T& number : v )
+        number = in.number<T>();
+    if ( !in.oneIn( 4 ) )
+        for ( int i = 0; i < 6; i += 2 )
+            if ( v[i] > v[i + 1] )
+                std::swap( v[i], v[i + 1] );
+    if ( in.oneIn( 2 ) )
+        v[4] = FloatUtil::abs( v[4] );
+    const auto plane = in.make<GePlane3<T>>();
+    GeProjectiveMatrix3<T> lens = Projection::makePerspectiveFromTangents( -1, 2, -1, 1, 1, 100, range );
+    for ( const auto make : { Projection::makePerspectiveFromTangents, Projection::makePerspectiveFromNearEdges,
+              Projection::makeOrthographicFromEdges } )
+    {
+        out.change( lens, [&]( auto& m ) { m = make( v[0], v[1], v[2], v[3], v[4], v[5], range ); } );
+        out.call( [&] { lens = make( v[0], v[1], v[2], v[3], v[4], v[5], range ); } );
+    }
+    out.call( [&] { return Projection::makeOblique( lens, plane, range ); } );
+    out( Projection::makeYDown( lens ) );
+
+    const auto eye = in.make<GePoint3<T>>(), target = in.make<GePoint3<T>>();
+    const auto up = in.make<GeVector3<T>>();
+    GeAffineMatrix3<T> view;
+    out.call( [&] { return GeViewBuilder<T>::makeViewAlong( eye, up, GeVector3<T>( target ) ); } );
+    out.call( [&] { return GeViewBuilder<T>::makeView( eye, in.make<GeRotation3<T>>() ); } );
+    out.call( [&] { view = GeViewBuilder<T>::makeView( eye, target, up ); } );
+    out( view );
+
+    auto image = in.make<GePoint3<T>>(), point = in.make<GePoint3<T>>();
+    GePoint3<T> origin;
+    GeVector3<T> direction;
+    const int column = in.index( 640 ), row = in.index( 480 );
+    out.call(
+        [&]
+        {
+            const GeViewport<T> viewport( lens, view, 640, 480, static_cast<GeImageRows>( in.index( 2 ) ) );
+            viewport.computePixelRay( column, row, origin, direction );
+            out( viewport.unproject( image, point ), viewport.project( target, image ) );
+        } );
+    out( image, point, origin, direction );
+    out.call(
+        [&]
+        {
+            const auto cascade = GeCascadeBuilder<T>( up, 64, 10, range ).fitSlice( lens, view, 1, 9 );
+            out( cascade.view, cascade.projection, cascade.texelSize );
+        } );
 }
 
 } // namespace
@@ -514,6 +576,8 @@ std::vector<Group> getValueGroups()
         { "splines.double.libm", splinesLibm<double> },
         { "euler.float.libm", eulerLibm<float> },
         { "euler.double.libm", eulerLibm<double> },
+        { "views.float", views<float> },
+        { "views.double", views<double> },
         { "camera.float.libm", cameraLibm<float> },
         { "camera.double.libm", cameraLibm<double> },
     };
