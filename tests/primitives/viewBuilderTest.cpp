@@ -37,12 +37,13 @@ ZQ_TWIN_TEST( ViewBuilder, SeesTheTargetAheadAndUpUpwards )
         const GeAffineMatrix3<T> view = GeViewBuilder<T>::makeViewAlong( eye, towards, up );
         expectRotation( view.getLinear() );
         EXPECT_CLOSE( view * eye, GePoint3<T>(), 8 * epsilon<T> * length );
-        EXPECT_CLOSE( view * towards, GeVector3<T>( 0, 0, -towards.length() ), 8 * epsilon<T> * length );
+        EXPECT_CLOSE( view * towards, GeVector3<T>( 0, 0, -length ), 8 * epsilon<T> * length );
         EXPECT_NEAR( double( ( view * up ).getX() * length ), 0, 8 * double( epsilon<T> ) );
         EXPECT_GT( ( view * up ).getY(), T( 0 ) );
         const GePoint3<T> target = eye + towards;
         const GeVector3<T> back = GeViewBuilder<T>::makeView( eye, target, up ) * ( target - eye );
-        EXPECT_CLOSE( back, GeVector3<T>( 0, 0, -( target - eye ).length() ), 8 * epsilon<T> * length );
+        EXPECT_CLOSE(
+            back, GeVector3<T>( 0, 0, -( ( target - eye ) / length ).length() * length ), 8 * epsilon<T> * length );
     }
 }
 

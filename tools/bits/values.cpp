@@ -489,8 +489,8 @@ void views( Inputs& in, Results& out )
     for ( const auto make : { Projection::makePerspectiveFromTangents, Projection::makePerspectiveFromNearEdges,
               Projection::makeOrthographicFromEdges } )
     {
-        out.change( lens, [&]( auto& m ) { m = make( v[0], v[1], v[2], v[3], v[4], v[5], range ); } );
         out.call( [&] { lens = make( v[0], v[1], v[2], v[3], v[4], v[5], range ); } );
+        out( lens );
     }
     out.call( [&] { return Projection::makeOblique( lens, plane, range ); } );
     out( Projection::makeYDown( lens ) );
@@ -499,7 +499,8 @@ void views( Inputs& in, Results& out )
     const auto up = in.make<GeVector3<T>>();
     GeAffineMatrix3<T> view;
     out.call( [&] { return GeViewBuilder<T>::makeViewAlong( eye, up, GeVector3<T>( target ) ); } );
-    out.call( [&] { return GeViewBuilder<T>::makeView( eye, in.make<GeRotation3<T>>() ); } );
+    const auto rotation = in.make<GeRotation3<T>>();
+    out.call( [&] { return GeViewBuilder<T>::makeView( eye, rotation ); } );
     out.call( [&] { view = GeViewBuilder<T>::makeView( eye, target, up ); } );
     out( view );
 
@@ -507,12 +508,14 @@ void views( Inputs& in, Results& out )
     GePoint3<T> origin;
     GeVector3<T> direction;
     const int column = in.index( 640 ), row = in.index( 480 );
+    const auto rows = static_cast<GeImageRows>( in.index( 2 ) );
     out.call(
         [&]
         {
-            const GeViewport<T> viewport( lens, view, 640, 480, static_cast<GeImageRows>( in.index( 2 ) ) );
+            const GeViewport<T> viewport( lens, view, 640, 480, rows );
             viewport.computePixelRay( column, row, origin, direction );
-            out( viewport.unproject( image, point ), viewport.project( target, image ) );
+            out( viewport.unproject( image, point ) );
+            out( viewport.project( target, image ) );
         } );
     out( image, point, origin, direction );
     out.call(
