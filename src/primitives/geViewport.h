@@ -25,8 +25,8 @@ enum class GeImageRows
 /// The matrices are taken for the numbers that they are, and all is worked out in double. There is no inverse of the 4x4
 /// matrix, which would cancel at large ratios of far and near: the projection is solved by its own few elements. In
 /// float, at far / near of 1e6, moved and turned eyes, the error was at most one unit in the last place of the largest
-/// coordinate of the point and the eye (tests/primitives/viewportTest.cpp, against long double); depth itself is as coarse as
-/// T and the range make it.
+/// coordinate of the point and the eye, in double 1e-12 of it (tests/primitives/viewportTest.cpp, against long double);
+/// depth itself is as coarse as T and the range make it.
 template <class T>
 class ZQ_PRIMITIVES_API GeViewport
 {
