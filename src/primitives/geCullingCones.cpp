@@ -66,15 +66,15 @@ bool GeCullingCones::isEqual( const GeCullingCones& other, float lengthTolerance
         FloatUtil::isEqual( _cosBeta, other._cosBeta, cosineTolerance );
 }
 
-// The twins of these two over lanes: kernels/geCullingConesKernels.imp. Doubles neither overflow nor underflow here: of
-// floats that are not 0, a product of four is from 2^-596 to 2^520, and the differences are as fine.
+// The twins of these two over lanes: kernels/geCullingConesKernels.imp. Doubles neither overflow nor underflow here: for
+// floats that are not 0 all products lie between 2^-894 and 2^520.
 
 bool GeCullingCones::isBehind( const GeAlignedBox3<float>& eyes ) const
 {
     if ( !( _cosBeta >= 0.0F ) || !Detail::isEyeRegion( eyes ) )
         return false;
     const double cosBeta = static_cast<double>( _cosBeta );
-    const double limit = ( cosBeta * cosBeta ) * ( 1 + Detail::CONE_SLACK );
+    const double limit = cosBeta * cosBeta;
     double leasts[3][2], squares[3][2];
     for ( int axis = 0; axis < 3; ++axis )
     {
@@ -114,7 +114,7 @@ bool GeCullingCones::isBehindDirection( const GeVector3<float>& direction ) cons
     const double lengths =
         ( ( a[0] * a[0] + a[1] * a[1] ) + a[2] * a[2] ) * ( ( d[0] * d[0] + d[1] * d[1] ) + d[2] * d[2] );
     const double cosBeta = static_cast<double>( _cosBeta );
-    const double limit = ( cosBeta * cosBeta ) * ( 1 + Detail::CONE_SINE_SLACK );
+    const double limit = ( cosBeta * cosBeta ) * Detail::CONE_SINE_FACTOR;
     return cosBeta >= 0 && lengths > 0 && std::isfinite( lengths ) && dot >= 0 && limit * lengths <= dot * dot;
 }
 

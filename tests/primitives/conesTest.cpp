@@ -461,7 +461,7 @@ TEST( CullingCones, NamedRegions )
               Row{ make( 0.5F ), Box(), false },
               Row{ make( 0.5F ), Box( { 1, 0 }, { -5, 5 }, { -40, -30 } ), false },
               Row{ make( 0.5F ), Box( { nan, 5 }, { -5, 5 }, { -40, -30 } ), false },
-              Row{ make( 0 ), Box( { -5, 5 }, { -5, 5 }, { -infinity, -30 } ), false },
+              Row{ make( 0.5F ), Box( { -5, 5 }, { -5, 5 }, { -infinity, -30 } ), false },
               Row{ make( 0, Z, Point( 0, 0, infinity ) ), below, false },
               Row{ make( 0, Z, Point( nan, 0, 1 ) ), below, false },
               Row{ make( 0.5F, bad ), Box( Point( 0, -1, 0 ) ), false },

@@ -15,14 +15,12 @@ namespace Zq
 namespace Detail
 {
 
-/// What the proved answers, of single calls and array forms, allow for the rounding of their terms and squares in double.
-/// A term that is positive is at most ( 1 + u )^5 times the exact one when it arrives in its sum, a negative one at least
-/// ( 1 - u )^5 times, and a square arrives with at least ( 1 - u )^7; u is 2^-53 and this is 16 u.
+/// What is taken off the terms of an inner product: 16 u, where u is 2^-53. Their own roundings in double need 5 u of it,
+/// those of the squares that the product is compared with 4 u. docs/culling.md has the proof.
 constexpr double CONE_SLACK = 0x1p-49;
 
-/// As much again, and much more than that, for the sine of a semi-angle that is off by a unit in the last place of a
-/// float: ( 1 + 2^-23 )^2 is 1 + 2^-22 + 2^-46.
-constexpr double CONE_SINE_SLACK = 0x1p-22 + 0x1p-40;
+/// The square of 1 + 2^-23, for a sine that is off by a unit in the last place of a float.
+constexpr double CONE_SINE_FACTOR = 1 + 0x1p-22 + 0x1p-46;
 
 /// Whether a box is a region of eyes to prove something about: finite, and not inverted on any axis.
 inline bool isEyeRegion( const GeAlignedBox3<float>& box )
