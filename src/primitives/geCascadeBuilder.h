@@ -30,18 +30,27 @@ template <class T>
 class ZQ_PRIMITIVES_API GeCascadeBuilder
 {
 public:
+    /// What draws one part of a volume from the light.
     struct Cascade
     {
-        GeAffineMatrix3<T> view; ///< the same for all cascades of a light
-        GeProjectiveMatrix3<T> projection;
-        T texelSize; ///< in units of the world, across and in depth
+        GeAffineMatrix3<T> view;           ///< the same for all cascades of a light
+        GeProjectiveMatrix3<T> projection; ///< orthographic, in the range that the constructor was given
+        T texelSize;                       ///< in units of the world, across and in depth
     };
+
+    /// @name Construction
+    /// @{
 
     /// The light shines along `direction`, of any length. `casterDistance` is how far before the part, against the
     /// light, something may stand that throws shadow into it. Reports "isDirection( direction )" for a zero vector or
     /// one that is not finite, "resolution >= 4 && resolution <= 65536",
     /// "casterDistance >= 0 && isFinite( casterDistance )".
     GeCascadeBuilder( const GeVector3<T>& direction, int resolution, T casterDistance, GeDepthRange range );
+
+    /// @}
+
+    /// @name Queries
+    /// @{
 
     /// The part of a camera's volume between two distances from the camera, along its view. The projection is one of
     /// GeProjectionBuilder or GeCameraBuilder, whose own distances and depth range do not matter, the view a rotation
@@ -59,6 +68,7 @@ public:
 
     /// The largest distance between two points; 0 for less than two. Squares of large coordinates overflow to infinity.
     static T computeDiameter( const GePoint3<T>* points, std::size_t count );
+    /// @}
 
 private:
     /// Around what lies between two corners, right, up and along the light.

@@ -54,6 +54,9 @@ class ZQ_PRIMITIVES_API GeProjectionBuilder
 public:
     GeProjectionBuilder() = delete;
 
+    /// @name Construction of projections
+    /// @{
+
     /// By the angle from the bottom to the top of the view. Reports "verticalAngle > 0 && verticalAngle < PI" (60 is no
     /// angle in radians), "aspect > 0 && isFinite( aspect )", "nearDistance > 0", "nearDistance < farDistance".
     static GeProjectiveMatrix3<T> makePerspectiveFromVerticalAngle(
@@ -99,6 +102,7 @@ public:
 
     /// The same with y down in clip space, as Vulkan has it: row 1 negated. What is counter-clockwise becomes clockwise.
     static GeProjectiveMatrix3<T> makeYDown( const GeProjectiveMatrix3<T>& projection );
+    /// @}
 };
 
 extern template class GeProjectionBuilder<float>;

@@ -24,6 +24,9 @@ class ZQ_PRIMITIVES_API GeViewBuilder
 public:
     GeViewBuilder() = delete;
 
+    /// @name Construction of views
+    /// @{
+
     /// Looks at `target`, which appears in the middle, with `up` pointing upwards in the image; `up` has any length and
     /// need not be perpendicular. Where it is parallel to the view, up to an angle whose sine is 16 epsilon of T, the
     /// coordinate axis that the view has the smallest component along takes its place, z before y before x where
@@ -40,6 +43,7 @@ public:
     /// The view of a camera that is placed in the world by a rotation: its columns are r, u and b. The linear block is the
     /// transpose of the rotation, unchanged. Reports "isFinite( eye )".
     static GeAffineMatrix3<T> makeView( const GePoint3<T>& eye, const GeRotation3<T>& rotation );
+    /// @}
 };
 
 extern template class GeViewBuilder<float>;

@@ -52,14 +52,16 @@ template <class T>
 class ZQ_PRIMITIVES_API GeViewVolume
 {
 public:
+    /// Numbers that loops need.
     enum
     {
-        NB_MAX_PLANES = 12,
-        NB_SIDES = 6,
-        NB_CORNERS = 8,
-        NB_EDGES = 12
+        NB_MAX_PLANES = 12, ///< a union has at most as many, a view of one matrix at most six
+        NB_SIDES = 6,       ///< left to far, as above
+        NB_CORNERS = 8,     ///< of computeCorners()
+        NB_EDGES = 12       ///< of getEdge()
     };
 
+    /// What a verdict says; the numbers are those of GeFrustum.
     enum Classification
     {
         VIEW_OUTSIDE = 1,  ///< proved to be wholly outside

@@ -31,12 +31,20 @@ template <class T>
 class ZQ_PRIMITIVES_API GeViewport
 {
 public:
+    /// @name Construction
+    /// @{
+
     /// A projection of GeProjectionBuilder or GeCameraBuilder, oblique ones and y down included, the matrix from the world to
     /// the camera, and the size of the image. Reports, from src/primitives/geViewport.imp, "width > 0 && height > 0",
     /// "isProjection( projection )" for a matrix of another shape or not finite, "isFinite( view )"; and "nonSingular"
     /// (src/base/matrix3x3Imp, line 126) for a view without inverse.
     GeViewport( const GeProjectiveMatrix3<T>& projection, const GeAffineMatrix3<T>& view, int width, int height,
         GeImageRows rows );
+
+    /// @}
+
+    /// @name Queries
+    /// @{
 
     /// Where a point is drawn: x and y in pixels, z the depth. False, and nothing written, when the point is not before
     /// the eye of a perspective (w > 0), or the result does not fit T. What is outside the image or the depth range is
@@ -52,6 +60,7 @@ public:
     void computeRay( T x, T y, GePoint3<T>& origin, GeVector3<T>& direction ) const;
     /// The same through the centre of a pixel.
     void computePixelRay( int column, int row, GePoint3<T>& origin, GeVector3<T>& direction ) const;
+    /// @}
 
 private:
     /// From pixels to clip space.
