@@ -140,7 +140,7 @@ ZQ_TWIN_TEST( ArrayForms, AffineMatrices )
         auto columns = numbersOf<T>( makeRecord<T, GeProjectiveMatrix3<T>>( random ) );
         GeAffineMatrix3<T> a;
         for ( int i = 0; i < 12; ++i )
-            a( i / 4, i % 4 ) = columns[std::size_t( i / 4 + i % 4 * 4 )];
+            a( i / 4, i % 4 ) = columns[std::size_t( i / 4 ) + std::size_t( i % 4 ) * 4];
         expectSameArray<T>(
             random, 1000, makeRecord<T, Point>,
             [&]( auto... items ) { kernels.transformPoints( columns.data(), items... ); },
