@@ -307,7 +307,7 @@ void rotationAim( Inputs& in, Results& out )
 {
     const auto direction = in.make<GeUnitVector3<T>>();
     const GeVector3<T> up = in.oneIn( 8 ) ? direction * T( 3 ) : in.make<GeVector3<T>>();
-    const auto points = in.makeArray<GePoint3<T>>( static_cast<std::size_t>( 2 + in.index( 5 ) ) );
+    const auto points = in.makeArray<GePoint3<T>>( 2 + static_cast<std::size_t>( in.index( 5 ) ) );
     const int aimAxis = in.index( 16 ) % 5 - 1, planeAxis = in.index( 16 ) % 4;
     const bool asRows = in.oneIn( 2 );
     out.call( [&] { return GeRotation3<T>::aim( direction, aimAxis, asRows ); } );
