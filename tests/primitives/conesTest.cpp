@@ -318,7 +318,8 @@ using Exact = std::array<mpz_class, 3>;
 /// A float, or a double as fine, in units of the smallest float.
 mpz_class toInteger( double x )
 {
-    return mpz_class( std::ldexp( x, 149 ) );
+    mpz_class integer( std::ldexp( x, 149 ) );
+    return integer;
 }
 
 mpz_class dot( const Exact& a, const Exact& b )
@@ -353,7 +354,7 @@ bool areAllWithin( const Unit& axis, const Vector& direction, double sine )
 {
     const Exact a = toIntegers( axis ), d = toIntegers( direction );
     const mpz_class along = dot( a, d ), s = toInteger( sine );
-    return along >= 0 && ( along * along << 2 * 149 ) >= s * s * dot( a, a ) * dot( d, d );
+    return along >= 0 && ( along * along << 298 ) >= s * s * dot( a, a ) * dot( d, d );
 }
 
 /// As it is, of any length.

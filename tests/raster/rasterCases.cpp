@@ -150,7 +150,7 @@ GeAlignedBox3<float> makeBox( Random& random, const Camera& camera, Family famil
                                         : logarithmic( random, 0.7 * camera.nearDistance, 1.4 * camera.farDistance );
     const double scale = isOrthographic ? 1 : depth;
     double inView[3] = { 0, 0, -depth };
-    for ( int axis = 0; axis < 2; ++axis )
+    for ( std::size_t axis = 0; axis < 2; ++axis )
         inView[axis] = scale * random.uniform( camera.edges[2 * axis], camera.edges[2 * axis + 1] ) * 1.2;
     double centre[3] = {}, half[3];
     for ( int axis = 0; axis < 3; ++axis )
@@ -181,7 +181,7 @@ GeAlignedBox3<float> makeBox( Random& random, const Camera& camera, Family famil
         corners[0][axis] = static_cast<float>( centre[axis] - half[axis] );
         corners[1][axis] = static_cast<float>( centre[axis] + half[axis] );
     }
-    return GeAlignedBox3<float>( corners[0], corners[1] );
+    return { corners[0], corners[1] };
 }
 
 /// Nothing where the frustum does not fit the camera, or reports that it cannot be made.
