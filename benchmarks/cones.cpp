@@ -27,6 +27,7 @@ using Unit = Zq::GeUnitVector3<float>;
 constexpr std::size_t COUNT = 100000;
 
 const Point EYE( 3.0F, -2.0F, 5.0F );
+const Zq::GeAlignedBox3<float> EYES( EYE, Point( 5.0F, 0.0F, 6.0F ) );
 
 /// Half of them are seen from behind by the eye.
 std::vector<Cones> makeCones( std::size_t count )
@@ -73,13 +74,27 @@ PlainCone makePlainFront( const Cones& cones )
     return makePlainCone( computeFrontApex( cones ), -cones.getFloatingCone().getAxis(), cones.getCosBeta() );
 }
 
-unsigned char isBehindPlain( const PlainCone& cone )
+bool isBehindPlain( const PlainCone& cone, const Point& eye )
 {
-    const float x = cone.apex[0] - EYE.getX();
-    const float y = cone.apex[1] - EYE.getY();
-    const float z = cone.apex[2] - EYE.getZ();
+    const float x = cone.apex[0] - eye.getX();
+    const float y = cone.apex[1] - eye.getY();
+    const float z = cone.apex[2] - eye.getZ();
     const float length = std::sqrt( x * x + y * y + z * z );
     return ( x * cone.axis[0] + y * cone.axis[1] + z * cone.axis[2] ) / length >= cone.cosine;
+}
+
+unsigned char isEyeBehindPlain( const PlainCone& cone )
+{
+    return isBehindPlain( cone, EYE );
+}
+
+/// Corner by corner, in float.
+unsigned char isBoxBehindPlain( const PlainCone& cone )
+{
+    for ( int corner = 0; corner < 8; ++corner )
+        if ( !isBehindPlain( cone, EYES.getCorner( corner ) ) )
+            return 0;
+    return 1;
 }
 
 template <class MakeBack, class MakeFront, class Operation>
@@ -180,8 +195,12 @@ void addOwnRows()
     addArray<unsigned char>( { "coneInFrontArray", "ours", COUNT }, getCones,
         []( const Cones* cones, std::size_t count, unsigned char* verdicts )
         { Cones::isInFront( cones, count, EYE, verdicts ); } );
-    addOneByOne(
-        "plain", makeConverted( getCones, makePlainBack ), makeConverted( getCones, makePlainFront ), isBehindPlain );
+    addArray<unsigned char>( { "coneBehindBoxArray", "ours", COUNT }, getCones,
+        []( const Cones* cones, std::size_t count, unsigned char* verdicts )
+        { Cones::isBehind( cones, count, EYES, verdicts ); } );
+    addLoop( { "coneBehindBoxArray", "plain", COUNT }, makeConverted( getCones, makePlainBack ), isBoxBehindPlain );
+    addOneByOne( "plain", makeConverted( getCones, makePlainBack ), makeConverted( getCones, makePlainFront ),
+        isEyeBehindPlain );
     addFloor( "coneBehindArray", COUNT, getCones );
     addFloor( "coneInFrontArray", COUNT, getCones );
 

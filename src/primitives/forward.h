@@ -23,6 +23,8 @@ class ZQ_PRIMITIVES_API GeBezier3FaceBuilder;
 template <class T>
 class ZQ_PRIMITIVES_API GeCameraBuilder;
 template <class T>
+class ZQ_PRIMITIVES_API GeCascadeBuilder;
+template <class T>
 class ZQ_PRIMITIVES_API GeFrustum;
 template <class T>
 class ZQ_PRIMITIVES_API GeHomogeneousCoord3;
@@ -40,6 +42,8 @@ template <class T>
 class ZQ_PRIMITIVES_API GePoint2;
 template <class T>
 class ZQ_PRIMITIVES_API GePoint3;
+template <class T>
+class ZQ_PRIMITIVES_API GeProjectionBuilder;
 template <class T>
 class ZQ_PRIMITIVES_API GeProjectiveMatrix3;
 template <class T>
@@ -62,6 +66,10 @@ template <class T>
 class ZQ_PRIMITIVES_API GeVector2Utils;
 template <class T>
 class ZQ_PRIMITIVES_API GeVector3;
+template <class T>
+class ZQ_PRIMITIVES_API GeViewBuilder;
+template <class T>
+class ZQ_PRIMITIVES_API GeViewport;
 template <class T>
 class ZQ_PRIMITIVES_API GeViewVolume;
 template <class T>

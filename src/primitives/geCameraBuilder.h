@@ -23,6 +23,11 @@ namespace Zq
 /// The tests for zero are absolute: choose units in which the distances and their difference are well above them. A near
 /// distance above the far distance is accepted and flips the depth. A perspective of angle 0 has an infinite scale, and
 /// an infinite distance or a NaN argument gives NaN elements.
+///
+/// Which to take: this class where matrices must be those of programs that have it, or where a degenerate camera has to
+/// be drawn all the same. GeProjectionBuilder for depth from 0 to 1, reversed, infinite, off-centre or oblique, and where
+/// a mistake is better reported than replaced; its makePerspectiveFromVerticalAngle() with MINUS_ONE_TO_ONE is this
+/// makePerspective() up to rounding.
 template <class T>
 class ZQ_PRIMITIVES_API GeCameraBuilder
 {

@@ -1,6 +1,7 @@
 #ifndef ZQ_PRIMITIVES_GECULLINGCONES_H
 #define ZQ_PRIMITIVES_GECULLINGCONES_H
 
+#include "geAlignedBox.h"
 #include "geAnchoredCone.h"
 
 #include <cstddef>
@@ -89,6 +90,24 @@ public:
     /// Whether a viewpoint lies in the region behind; false for every point when there are no culling cones, and for
     /// NaN. Distances above about 1.8e19 overflow and count as square to the axis: not behind, unless alpha is 0.
     bool isBehind( const GePoint3<float>& p ) const;
+    /// Whether every viewpoint of a closed box lies in the region behind, for an eye that moves, two eyes, or a lamp that
+    /// is not a point. Proved: when it is true, w . a >= cosBeta |w| holds for the exact numbers w = backfacing apex - p
+    /// of all points p of the box, with apex, axis a and cosBeta as they are stored. False when that does not hold, or
+    /// only by less than about 2^-47 of |w| |a|; so a box that reaches the surface is mostly told false, and a cosBeta of
+    /// 1 leaves the tip alone. isBehind( p ), which rounds in float, can differ on either side of the surface.
+    /// False as well for a box that is inverted on any axis, the empty one included, for NaN and infinity in either, and
+    /// when there are no culling cones. Distances do not overflow. The cone is convex: the eight corners are asked, in
+    /// double. docs/culling.md derives the error bound, here and below.
+    bool isBehind( const GeAlignedBox3<float>& eyes ) const;
+    /// Whether all normals n in the floating cone have n . direction >= 0: seen from infinitely far away by who looks
+    /// along the direction, in an orthographic view, the faces show their back; light that travels along it does not
+    /// reach their front. The direction points from the eye or lamp to the surface, and has any length. Its negative
+    /// asks for the front: isBehindDirection( -d ) says that every n . d <= 0.
+    /// Proved: when it is true, the inequality holds for the exact numbers and all n at the stored semi-angle or less
+    /// from the stored axis, whatever its length. False when it does not hold, or only by less than about three units in
+    /// the last place of cosBeta. False as well for a direction or an axis that is zero, NaN or infinite, and when there
+    /// are no culling cones. The apex is of no importance.
+    bool isBehindDirection( const GeVector3<float>& direction ) const;
     /// isInFront() for one viewpoint and many cones, much faster: verdict i is 1 where cones[i] answers true, else 0. Any count, also 0; no
     /// alignment is asked for. The verdicts must not lie within the cones.
     static void isInFront(
@@ -96,6 +115,12 @@ public:
     /// isBehind() for one viewpoint and many cones, in the same way.
     static void isBehind(
         const GeCullingCones* cones, std::size_t count, const GePoint3<float>& p, unsigned char* verdicts );
+    /// isBehind() for one box of viewpoints and many cones, in the same way.
+    static void isBehind(
+        const GeCullingCones* cones, std::size_t count, const GeAlignedBox3<float>& eyes, unsigned char* verdicts );
+    /// isBehindDirection() for one direction and many cones, in the same way.
+    static void isBehindDirection(
+        const GeCullingCones* cones, std::size_t count, const GeVector3<float>& direction, unsigned char* verdicts );
     /// @}
 
     /// @name Text

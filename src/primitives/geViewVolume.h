@@ -2,6 +2,7 @@
 #define ZQ_PRIMITIVES_GEVIEWVOLUME_H
 
 #include "geAlignedBox.h"
+#include "geDepthRange.h"
 #include "gePlane3.h"
 #include "geProjectiveMatrix3.h"
 #include "geSphere3.h"
@@ -21,14 +22,6 @@ template <class T>
 struct VolumePlanes;
 
 } // namespace Detail
-
-/// What a projection does to depth, as the API that draws with it expects: which z / w the near and the far plane get.
-enum class GeDepthRange
-{
-    MINUS_ONE_TO_ONE, ///< near -1, far 1
-    ZERO_TO_ONE,      ///< near 0, far 1
-    ONE_TO_ZERO       ///< near 1, far 0: reversed
-};
 
 /// The view volume of any projection, and the classification of points, spheres and boxes against it with answers that
 /// are proved: rounding, overflow and underflow included, VIEW_OUTSIDE and VIEW_INSIDE are never wrong. For float and
@@ -70,14 +63,16 @@ class ZQ_PRIMITIVES_API GeViewVolume
     using OtherScalar = std::conditional_t<std::is_same_v<T, float>, double, float>;
 
 public:
+    /// Numbers that loops need.
     enum
     {
-        NB_MAX_PLANES = 12,
-        NB_SIDES = 6,
-        NB_CORNERS = 8,
-        NB_EDGES = 12
+        NB_MAX_PLANES = 12, ///< a union has at most as many, a view of one matrix at most six
+        NB_SIDES = 6,       ///< left to far, as above
+        NB_CORNERS = 8,     ///< of computeCorners()
+        NB_EDGES = 12       ///< of getEdge()
     };
 
+    /// What a verdict says; the numbers are those of GeFrustum.
     enum Classification
     {
         VIEW_OUTSIDE = 1,  ///< proved to be wholly outside

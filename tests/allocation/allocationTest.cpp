@@ -8,16 +8,20 @@
 #include <zq/primitives/geAlignedBoxBuilder.h>
 #include <zq/primitives/geAnchoredConeBuilder.h>
 #include <zq/primitives/geCameraBuilder.h>
+#include <zq/primitives/geCascadeBuilder.h>
 #include <zq/primitives/geCullingCones.h>
 #include <zq/primitives/geFloatingConeBuilder.h>
 #include <zq/primitives/geFrustum.h>
 #include <zq/primitives/geIcosahedron.h>
 #include <zq/primitives/gePlane3Builder.h>
+#include <zq/primitives/geProjectionBuilder.h>
 #include <zq/primitives/geQuaternion3.h>
 #include <zq/primitives/geShaft.h>
 #include <zq/primitives/geSphere3.h>
 #include <zq/primitives/geTolerances.h>
 #include <zq/primitives/geVector2Utils.h>
+#include <zq/primitives/geViewBuilder.h>
+#include <zq/primitives/geViewport.h>
 #include <zq/primitives/geXAxisRotation3.h>
 
 #include <atomic>
@@ -87,6 +91,12 @@ ZQ_TWIN_TEST( Allocation, OfTheTwins )
     use( m * m.computeInverse() * a * m.computeAdjoint(),
         m * GeHomogeneousCoord3<T>( 1, 2, 3, m.computeDeterminant() ) );
     use( GeCameraBuilder<T>::makePerspective( 1, 1, 3, 2 ), GeCameraBuilder<T>::makeOrthographic( 1, 1, 3, 2 ) );
+    const auto range = GeDepthRange::ZERO_TO_ONE;
+    const auto lens = GeProjectionBuilder<T>::makePerspectiveFromTangents( -1, 1, -1, 1, 1, 3, range );
+    const auto view = GeViewBuilder<T>::makeView( GePoint3<T>( 1, 2, 3 ), GePoint3<T>(), GeVector3<T>( 0, 1, 0 ) );
+    GePoint3<T> image;
+    use( GeViewport<T>( lens, view, 4, 4, GeImageRows::FROM_PLUS_ONE ).project( GePoint3<T>(), image ),
+        GeCascadeBuilder<T>( GeVector3<T>( 1, 1, 1 ), 8, 1, range ).fitSlice( lens, view, 1, 2 ).view );
 
     GeQuaternion3<T> q( GeRotation3<T>::aim( u, GeVector3<T>( 0, 0, 1 ), 0, 1, true ) );
     q.aim( v, GeVector3<T>( 3, 2, 1 ) );

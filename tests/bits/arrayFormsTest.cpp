@@ -140,7 +140,7 @@ ZQ_TWIN_TEST( ArrayForms, AffineMatrices )
         auto columns = numbersOf<T>( makeRecord<T, GeProjectiveMatrix3<T>>( random ) );
         GeAffineMatrix3<T> a;
         for ( int i = 0; i < 12; ++i )
-            a( i / 4, i % 4 ) = columns[std::size_t( i / 4 + i % 4 * 4 )];
+            a( i / 4, i % 4 ) = columns[std::size_t( i / 4 ) + std::size_t( i % 4 ) * 4];
         expectSameArray<T>(
             random, 1000, makeRecord<T, Point>,
             [&]( auto... items ) { kernels.transformPoints( columns.data(), items... ); },
@@ -179,26 +179,40 @@ ZQ_TWIN_TEST( ArrayForms, ProjectiveMatrices )
 TEST( ArrayFormsSingle, CullingCones )
 {
     using Cones = GeCullingCones;
-    Verdicts seen{};
+    std::array<Verdicts, 4> seen{};
     const auto check = [&]( const auto& kernels, Random& random, int run )
     {
         const auto eye = makeRecord<float, GePoint3<float>>( random );
-        const auto makeCones = [&]( Random& ) // some have their tip at the eye
+        const auto direction = makeRecord<float, GeVector3<float>>( random );
+        auto eyes = makeRecord<float, GeAlignedBox3<float>>( random );
+        if ( run % 4 == 1 )
+            eyes = GeAlignedBox3<float>( eye );
+        const auto makeCones = [&]( Random& ) // some have their tip at the eye or at a corner of all eyes
         {
             const auto cones = makeRecord<float, Cones>( random );
-            return random.index( 5 ) != 0 ? cones : Cones( cones.getFloatingCone(), eye, float( run % 2 ) );
+            const int kind = random.index( 8 );
+            const auto tip = kind == 0 ? eye : eyes.getCorner( kind );
+            return random.index( 3 ) != 0 ? cones : Cones( cones.getFloatingCone(), tip, float( run % 2 ) );
         };
-        const auto compare = [&]( const auto& kernel, const auto& plain )
+        const auto compare = [&]( const auto& kernel, const auto& argument, const auto& plain, Verdicts& verdicts )
         {
             const auto form = [&]( const Cones* cones, std::size_t count, unsigned char* answers )
-            { kernel( cones, count, eye, answers ); };
-            expectSameArray<float>( random, 1000, makeCones, form, plain, &seen );
+            { kernel( cones, count, argument, answers ); };
+            expectSameArray<float>( random, 1000, makeCones, form, plain, &verdicts );
         };
-        compare( kernels.isBehind, [&]( const Cones& cones ) { return cones.isBehind( eye ); } );
-        compare( kernels.isInFront, [&]( const Cones& cones ) { return cones.isInFront( eye ); } );
+        compare(
+            kernels.isBehind, eye, [&]( const Cones& cones ) { return cones.isBehind( eye ); }, seen[0] );
+        compare(
+            kernels.isInFront, eye, [&]( const Cones& cones ) { return cones.isInFront( eye ); }, seen[1] );
+        compare(
+            kernels.isBehindBox, eyes, [&]( const Cones& cones ) { return cones.isBehind( eyes ); }, seen[2] );
+        compare(
+            kernels.isBehindDirection, direction,
+            [&]( const Cones& cones ) { return cones.isBehindDirection( direction ); }, seen[3] );
     };
     forEachLevel<Detail::GeCullingConesKernels>( 20, check );
-    EXPECT_GT( std::min( seen[0], seen[1] ), 2000 );
+    for ( const Verdicts& verdicts : seen )
+        EXPECT_GT( std::min( verdicts[0], verdicts[1] ), 1000 );
 }
 
 TEST( ArrayFormsSingle, Shaft )

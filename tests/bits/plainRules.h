@@ -249,7 +249,7 @@ T turnHue( T hue )
     if ( hue >= 0 && hue < 360 )
         return hue;
     T size = std::abs( hue );
-    while ( size >= std::ldexp( T( 1 ), std::numeric_limits<T>::digits + 3 ) && size - 360 != size )
+    while ( size >= std::ldexp( T( 1 ), std::numeric_limits<T>::digits + 3 ) && size - 360 < size )
     {
         size -= 360; // a tie between two places is gone after one turn
         const T end = std::ldexp( T( 1 ), std::ilogb( size ) ) + 1024;

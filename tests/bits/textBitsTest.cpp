@@ -240,7 +240,7 @@ void writeBox( std::ostream& os, const T* n )
 }
 
 template <class T>
-void writePlane( std::ostream& os, const T* n, int step = 1 )
+void writePlane( std::ostream& os, const T* n, std::size_t step = 1 )
 {
     os << '[' << n[0] << ", " << n[step] << ", " << n[2 * step] << ", " << n[3 * step] << ']';
 }
@@ -268,7 +268,8 @@ void writeShaft( std::ostream& os, const float* n, int nbPlanes )
     os << "Plane set=" << std::endl;
     for ( int i = 0; i < nbPlanes; ++i )
     {
-        writePlane( os << ' ', n + 4 * i );
+        writePlane( os << ' ', n );
+        n += 4;
         os << std::endl;
     }
 }

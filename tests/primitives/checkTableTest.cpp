@@ -6,15 +6,19 @@
 #include <zq/primitives/geAlignedBox.h>
 #include <zq/primitives/geAlignedBoxTree.h>
 #include <zq/primitives/geAnchoredConeBuilder.h>
+#include <zq/primitives/geCascadeBuilder.h>
 #include <zq/primitives/geFrustum.h>
 #include <zq/primitives/geIcosahedron.h>
 #include <zq/primitives/gePlane3Builder.h>
+#include <zq/primitives/geProjectionBuilder.h>
 #include <zq/primitives/geProjectiveMatrix3.h>
 #include <zq/primitives/geQuaternion3.h>
 #include <zq/primitives/geRotation3.h>
 #include <zq/primitives/geShaft.h>
 #include <zq/primitives/geVector2.h>
+#include <zq/primitives/geViewBuilder.h>
 #include <zq/primitives/geViewVolume.h>
+#include <zq/primitives/geViewport.h>
 
 #include <fstream>
 #include <functional>
@@ -160,6 +164,148 @@ void addTwinChecks( Checks& add )
             [=] { Q::makeEulerConvention( axis, 0, 0, 0 ); } );
 }
 
+template <class T>
+void addProjectionChecks( Checks& add )
+{
+    using Builder = GeProjectionBuilder<T>;
+    const char* file = "src/primitives/geProjectionBuilder.imp";
+    const T infinity = ZqTest::infinity<T>, nan = ZqTest::nan<T>, largest = std::numeric_limits<T>::max();
+    const auto range = GeDepthRange::ZERO_TO_ONE;
+    const T pi = T( 3.14159265358979323847L ); // which double has below pi, float above
+    for ( const T angle : { T( 60 ), T( 0 ), T( -1 ), std::nextafter( pi, T( 4 ) ), pi, nan } )
+    {
+        add( file, 0, "verticalAngle > 0 && verticalAngle < PI",
+            [=] { Builder::makePerspectiveFromVerticalAngle( angle, 1, 1, 2, range ); } );
+        add( file, 0, "horizontalAngle > 0 && horizontalAngle < PI",
+            [=] { Builder::makePerspectiveFromHorizontalAngle( angle, 1, 1, 2, range ); } );
+    }
+    for ( const T aspect : { T( 0 ), T( -1 ), infinity, nan } )
+        for ( const auto make :
+            { Builder::makePerspectiveFromVerticalAngle, Builder::makePerspectiveFromHorizontalAngle } )
+            add( file, 0, "aspect > 0 && isFinite( aspect )", [=] { make( 1, aspect, 1, 2, range ); } );
+
+    // each of them with these distances
+    const auto addDistances = [&]( const char* text, T n, T f )
+    {
+        add( file, 0, text, [=] { Builder::makePerspectiveFromVerticalAngle( 1, 1, n, f, range ); } );
+        add( file, 0, text, [=] { Builder::makePerspectiveFromHorizontalAngle( 1, 1, n, f, range ); } );
+        add( file, 0, text, [=] { Builder::makePerspectiveFromTangents( -1, 1, -1, 1, n, f, range ); } );
+        add( file, 0, text, [=] { Builder::makePerspectiveFromNearEdges( -1, 1, -1, 1, n, f, range ); } );
+    };
+    for ( const T distance : { T( 0 ), T( -1 ), nan } )
+        addDistances( "nearDistance > 0", distance, 2 );
+    for ( const T distance : { T( 2 ), T( 1 ), T( 0.5 ), nan } )
+        addDistances( "nearDistance < farDistance", 2, distance );
+    addDistances( "nearDistance < farDistance", infinity, infinity );
+    for ( const T distance : { T( 2 ), T( 1 ), infinity, nan } )
+        add( file, 0, "nearDistance < farDistance && isFinite( farDistance - nearDistance )",
+            [=] { Builder::makeOrthographicFromEdges( -1, 1, -1, 1, 2, distance, range ); } );
+    using Edges = std::pair<T, T>;
+    for ( const auto& [a, b] :
+        { Edges( 1, 1 ), Edges( 1, -1 ), Edges( 1, nan ), Edges( 1, infinity ), Edges( -largest, largest ) } )
+    {
+        const T l = a, r = b;
+        for ( const auto make : { Builder::makePerspectiveFromNearEdges, Builder::makeOrthographicFromEdges } )
+        {
+            add( file, 0, "left < right && isFinite( right - left )", [=] { make( l, r, -1, 1, 1, 2, range ); } );
+            add( file, 0, "bottom < top && isFinite( top - bottom )", [=] { make( -1, 1, l, r, 1, 2, range ); } );
+        }
+        const auto make = Builder::makePerspectiveFromTangents;
+        add( file, 0, "left < right && isFinite( right - left )", [=] { make( l, r, -1, 1, 1, 2, range ); } );
+        add( file, 0, "down < up && isFinite( up - down )", [=] { make( -1, 1, l, r, 1, 2, range ); } );
+    }
+    const T tiny = std::numeric_limits<T>::denorm_min();
+    add(
+        file, 0, "isRepresentable( rows )", [=] { Builder::makeOrthographicFromEdges( 0, tiny, 0, 1, 1, 2, range ); } );
+    add( file, 0, "isRepresentable( rows )",
+        [=] { Builder::makePerspectiveFromNearEdges( 0, largest, 0, 1, tiny, 2, range ); } );
+
+    const auto camera = Builder::makePerspectiveFromVerticalAngle( 1, 1, 1, 9, range );
+    const auto shadow = Builder::makeOrthographicFromEdges( -1, 1, -1, 1, 1, 9, range );
+    const auto addOblique = [&]( const char* text, const GeProjectiveMatrix3<T>& m, const GePlane3<T>& plane )
+    { add( file, 0, text, [=] { Builder::makeOblique( m, plane, range ); } ); };
+    const GePlane3<T> water( 0, 1, -1, -2 );
+    addOblique( "isProjection( projection )", Builder::makeOblique( camera, water, range ), water );
+    addOblique( "isProjection( projection )", GeProjectiveMatrix3<T>( GeAffineMatrix3<T>() ) * camera * camera, water );
+    addOblique( "isPlane( plane )", camera, { 0, 0, 0, -1 } );
+    addOblique( "isPlane( plane )", camera, { 0, 0, nan, -1 } );
+    addOblique( "isEyeBehindPlane", camera, { 0, 0, -1, 0 } );
+    addOblique( "isPlaneInView", camera, { 0, 0, 1, -2 } );
+    addOblique( "isPlaneInView", shadow, { 0, 0, -1, -10 } );
+    addOblique( "isRepresentable( rows )", shadow, { 1, 0, 0, 0 } ); // along the view: there is no depth
+}
+
+template <class T>
+void addViewChecks( Checks& add )
+{
+    const T infinity = ZqTest::infinity<T>, nan = ZqTest::nan<T>;
+    using View = GeViewBuilder<T>;
+    const char* file = "src/primitives/geViewBuilder.imp";
+    const GePoint3<T> eye( 1, 2, 3 );
+    const GeVector3<T> up( 0, 1, 0 );
+    for ( const T bad : { nan, infinity } )
+    {
+        const GePoint3<T> nowhere( 1, 2, bad );
+        add( file, 0, "isFinite( eye )", [=] { View::makeView( nowhere, eye, up ); } );
+        add( file, 0, "isFinite( eye )", [=] { View::makeViewAlong( nowhere, up, up ); } );
+        add( file, 0, "isFinite( eye )", [=] { View::makeView( nowhere, GeRotation3<T>() ); } );
+    }
+    for ( const GePoint3<T>& target : { eye, GePoint3<T>( 1, nan, 3 ), GePoint3<T>( infinity, 2, 3 ) } )
+        add( file, 0, "isDirection( target - eye )", [=] { View::makeView( eye, target, up ); } );
+    for ( const GeVector3<T>& bad : { GeVector3<T>(), GeVector3<T>( 1, nan, 0 ), GeVector3<T>( 0, 0, infinity ) } )
+    {
+        add( file, 0, "isDirection( towards )", [=] { View::makeViewAlong( eye, bad, up ); } );
+        add( file, 0, "isDirection( up )", [=] { View::makeViewAlong( eye, up, bad ); } );
+        add( file, 0, "isDirection( up )", [=] { View::makeView( eye, GePoint3<T>(), bad ); } );
+        add( "src/primitives/geCascadeBuilder.imp", 0, "isDirection( direction )",
+            [=] { GeCascadeBuilder<T>( bad, 64, 0, GeDepthRange::ZERO_TO_ONE ); } );
+    }
+
+    file = "src/primitives/geViewport.imp";
+    const auto range = GeDepthRange::ZERO_TO_ONE;
+    const auto camera = GeProjectionBuilder<T>::makePerspectiveFromVerticalAngle( 1, 1, 1, 9, range );
+    const GeLinearMatrix3<T> flat( 1, 0, 0, 0, 0, 0, 0, 0, 1 );
+    const GeAffineMatrix3<T> plain, badView( GeLinearMatrix3<T>(), GeVector3<T>( 0, nan, 0 ) ), flatView( flat );
+    const auto rows = GeImageRows::FROM_PLUS_ONE;
+    auto badCamera = camera;
+    badCamera( 3, 2 ) = 1; // left-handed
+    for ( const int size : { 0, -1 } )
+    {
+        add( file, 0, "width > 0 && height > 0", [=] { GeViewport<T>( camera, plain, size, 1, rows ); } );
+        add( file, 0, "width > 0 && height > 0", [=] { GeViewport<T>( camera, plain, 1, size, rows ); } );
+    }
+    add( file, 0, "isProjection( projection )", [=] { GeViewport<T>( badCamera, plain, 1, 1, rows ); } );
+    add( file, 0, "isFinite( view )", [=] { GeViewport<T>( camera, badView, 1, 1, rows ); } );
+    add( "src/base/matrix3x3Imp", 126, "nonSingular", [=] { GeViewport<T>( camera, flatView, 1, 1, rows ); } );
+
+    file = "src/primitives/geCascadeBuilder.imp";
+    for ( const int resolution : { 3, -1, 65537 } )
+        add( file, 0, "resolution >= 4 && resolution <= 65536",
+            [=] { GeCascadeBuilder<T>( up, resolution, 0, range ); } );
+    for ( const T distance : { T( -1 ), nan, infinity } )
+        add( file, 0, "casterDistance >= 0 && isFinite( casterDistance )",
+            [=] { GeCascadeBuilder<T>( up, 64, distance, range ); } );
+    const GeCascadeBuilder<T> light( up, 64, 0, range );
+    add( file, 0, "isProjection( projection )", [=] { light.fitSlice( badCamera, plain, 1, 2 ); } );
+    add( file, 0, "isFinite( view )", [=] { light.fitSlice( camera, badView, 1, 2 ); } );
+    add( "src/base/matrix3x3Imp", 126, "nonSingular", [=] { light.fitSlice( camera, flatView, 1, 2 ); } );
+    using Distances = std::pair<T, T>;
+    for ( const auto& [n, f] :
+        { Distances( -1, 2 ), Distances( 2, 2 ), Distances( 1, infinity ), Distances( nan, 1 ) } )
+        add( file, 0, "nearDistance >= 0 && nearDistance < farDistance && isFinite( farDistance )",
+            [=, near = n, far = f] { light.fitSlice( camera, plain, near, far ); } );
+    const GeAffineMatrix3<T> shrinking( GeLinearMatrix3<T>( T( 0.5 ), 0, 0, 0, T( 0.5 ), 0, 0, 0, T( 0.5 ) ) );
+    add( file, 0, "isHeld( points )", [=] { light.fitSlice( camera, shrinking, 1, 2 ); } );
+    const std::array<GePoint3<T>, 2> points = { GePoint3<T>(), GePoint3<T>( 3, 0, 0 ) }, bad = { eye, { 0, 0, nan } };
+    add( file, 0, "count > 0", [=] { light.fitPoints( points.data(), 0, 3 ); } );
+    add( file, 0, "isFinite( points )", [=] { light.fitPoints( bad.data(), 2, 3 ); } );
+    for ( const T diameter : { T( 0 ), T( -1 ), nan, infinity } )
+        add( file, 0, "diameter > 0 && isFinite( diameter )", [=] { light.fitPoints( points.data(), 2, diameter ); } );
+    add( file, 0, "isHeld( points )", [=] { light.fitPoints( points.data(), 2, T( 2.9 ) ); } );
+    add( file, 0, "isRepresentable( rows )",
+        [=] { light.fitPoints( points.data(), 1, std::numeric_limits<T>::denorm_min() ); } );
+}
+
 void addOtherChecks( Checks& add )
 {
     // Shafts: no two boxes make a ninth plane, and no loop reaches a seventh face: the inner functions do
@@ -198,6 +344,10 @@ Checks makeTable()
     Checks checks;
     addTwinChecks<float>( checks );
     addTwinChecks<double>( checks );
+    addProjectionChecks<float>( checks );
+    addProjectionChecks<double>( checks );
+    addViewChecks<float>( checks );
+    addViewChecks<double>( checks );
     addOtherChecks( checks );
     return checks;
 }

@@ -9,6 +9,7 @@
 #include <zq/primitives/geFloatingConeBuilder.h>
 
 #include <functional>
+#include <gmpxx.h>
 
 namespace
 {
@@ -17,6 +18,7 @@ using Unit = GeUnitVector3<float>;
 using Vector = GeVector3<float>;
 using Point = GePoint3<float>;
 using Wide = GeVector3<double>;
+using Box = GeAlignedBox3<float>;
 
 const Unit X( 1, 0, 0 );
 const Unit Z( 0, 0, 1 );
@@ -307,6 +309,182 @@ TEST( CullingCones, NamedViewpoints )
         EXPECT_EQ( cones.getCosBeta(), cosBeta ) << cones;
         EXPECT_TRUE( cosBeta >= 0 || cones.getCullingSemiAngle() == 0 ) << cones;
     }
+}
+
+// Regions of viewpoints -----------------------------------------------------------------------------------------------
+
+using Exact = std::array<mpz_class, 3>;
+
+/// A float, or a double as fine, in units of the smallest float.
+mpz_class toInteger( double x )
+{
+    return mpz_class( std::ldexp( x, 149 ) );
+}
+
+mpz_class dot( const Exact& a, const Exact& b )
+{
+    return a[0] * b[0] + a[1] * b[1] + a[2] * b[2];
+}
+
+template <class V>
+Exact toIntegers( const V& v )
+{
+    return { toInteger( v[0] ), toInteger( v[1] ), toInteger( v[2] ) };
+}
+
+/// Whether all w from the eyes to the tip have w . a >= cosine |w|.
+bool areAllWithin( const GeCullingCones& cones, const Box& eyes, const mpz_class& cosine )
+{
+    const Exact a = toIntegers( cones.getFloatingCone().getAxis() ), tip = toIntegers( cones.getBackfacingApex() );
+    for ( int corner = 0; corner < 8; ++corner )
+    {
+        Exact w = toIntegers( eyes.getCorner( corner ) );
+        for ( std::size_t i = 0; i < 3; ++i )
+            w[i] = tip[i] - w[i];
+        const mpz_class along = dot( w, a );
+        if ( along < 0 || along * along < cosine * cosine * dot( w, w ) )
+            return false;
+    }
+    return true;
+}
+
+/// Whether all normals n at the semi-angle with that sine, or less, from the axis have n . d >= 0.
+bool areAllWithin( const Unit& axis, const Vector& direction, double sine )
+{
+    const Exact a = toIntegers( axis ), d = toIntegers( direction );
+    const mpz_class along = dot( a, d ), s = toInteger( sine );
+    return along >= 0 && ( along * along << 2 * 149 ) >= s * s * dot( a, a ) * dot( d, d );
+}
+
+/// As it is, of any length.
+Unit makeAxis( const Vector& v )
+{
+    Unit axis;
+    std::memcpy( static_cast<void*>( &axis ), &v, sizeof axis );
+    return axis;
+}
+
+/// Of length 1, and with a . v = cosine.
+Wide makeDirectionAt( Random& random, const Unit& axis, double cosine )
+{
+    const Wide a = widen( axis ).computeUnit();
+    const double along = cosine / widen( axis ).length();
+    return a * along + a.cross( widen( random.direction<float>() ) ).computeUnit() * std::sqrt( 1 - along * along );
+}
+
+// Tips are small against the eyes, so that the differences are as fine as doubles, and so is the distance to the surface.
+TEST( CullingCones, RegionsThatAreBehindAreSoExactlyAndHardlyAnyOtherIsMissed )
+{
+    Random random( 3 );
+    int nbBehind = 0, nbTight = 0;
+    for ( const auto i : random.runs( 100000 ) )
+    {
+        const GeFloatingCone normals( random.direction<float>(), random.uniform( 0.0F, 1.57F ) );
+        const float cosBeta = GeCullingCones( normals, Point(), 0 ).getCosBeta();
+        const double target = double( cosBeta ) + std::ldexp( i % 4 ? 1.0 : -1.0, -random.index( 30 ) - 25 );
+        if ( !( target < widen( normals.getAxis() ).length() ) )
+            continue;
+        const int exponent = random.index( 120 ) - 60;
+        const Wide w = makeDirectionAt( random, normals.getAxis(), target ) * std::ldexp( 1.0, exponent );
+        const Point eye( -Vector( w ) );
+        const GeCullingCones cones( normals, Point( Vector( w + widen( eye ) ) ), 0 );
+        // the other corners lie farther inside, at least near the eye
+        const double extent = std::ldexp( 1.0, -random.index( 30 ) );
+        Vector inwards(
+            ( w * ( double( cosBeta ) / w.length() ) - widen( normals.getAxis() ) ) * ( extent * w.length() ) );
+        for ( int axis = 0; axis < 3; ++axis )
+            inwards[axis] *= random.uniform( 0.0F, 1.0F );
+        const Box eyes = i % 3 == 0 ? Box( eye ) : Box( eye, eye + inwards );
+        const bool isBehind = cones.isBehind( eyes ),
+                   isTight = areAllWithin( cones, eyes, toInteger( cosBeta + 0x1p-47 ) );
+        EXPECT_TRUE( !isBehind || areAllWithin( cones, eyes, toInteger( cosBeta ) ) ) << cones << eyes;
+        EXPECT_TRUE( isBehind || !isTight ) << cones << eyes;
+        nbBehind += isBehind;
+        nbTight += isTight && !areAllWithin( cones, eyes, toInteger( cosBeta + 0x1p-43 ) );
+    }
+    EXPECT_GT( nbBehind, 30000 );
+    EXPECT_GT( nbTight, 5000 );
+}
+
+TEST( CullingCones, DirectionsThatAreBehindAreSoExactlyAndHardlyAnyOtherIsMissed )
+{
+    Random random( 4 );
+    int nbBehind = 0;
+    for ( const auto i : random.runs( 100000 ) )
+    {
+        const Unit axis = makeAxis( random.direction<float>() * ( i % 4 ? 1.0F : random.uniform( 0.25F, 4.0F ) ) );
+        const GeFloatingCone normals( axis, random.uniform( 0.0F, 1.57F ) );
+        // up to some roundings more than the sine, or clearly more or less than it
+        const double sine = std::sin( double( normals.getSemiAngle() ) );
+        const double off = i % 2 ? 0x1p-23 * random.uniform( -1.0F, 2.0F ) : random.uniform( -1.0F, 1.0F );
+        if ( std::fabs( sine + off ) >= 1 )
+            continue;
+        const Wide wide = makeDirectionAt( random, axis, ( sine + off ) * widen( axis ).length() );
+        const Vector direction( wide * std::ldexp( 1.0, random.index( 200 ) - 100 ) );
+        const GeCullingCones cones( normals, random.point<float>( 1 ), 0 );
+        const bool isBehind = cones.isBehindDirection( direction );
+        EXPECT_TRUE( !isBehind || areAllWithin( axis, direction, sine * ( 1 + 0x1p-50 ) ) ) << cones << direction;
+        EXPECT_TRUE( isBehind || !areAllWithin( axis, direction, sine * ( 1 + 0x1p-21 ) + 0x1p-50 ) )
+            << cones << direction;
+        nbBehind += isBehind;
+        if ( i % 4 && std::fabs( off ) > 1e-5 )
+        {
+            const Point farAway( cones.getBackfacingApex() - Vector( wide * 0x1p30 ) );
+            EXPECT_EQ( isBehind, cones.isBehind( Box( farAway ) ) ) << cones << direction;
+        }
+    }
+    EXPECT_GT( nbBehind, 30000 );
+}
+
+TEST( CullingCones, NamedRegions )
+{
+    constexpr float nan = ZqTest::nan<float>, infinity = ZqTest::infinity<float>, huge = 3e38F, tiny = 1e-45F;
+    const float next = std::nextafter( 1.0F, 2.0F ), widest = 1.57079625F;
+    const auto make = []( float alpha, const Unit& axis = Z, const Point& tip = Point( 0, 0, 1 ) ) {
+        return GeCullingCones( { axis, alpha }, tip, 0 );
+    };
+    const Unit bad = makeAxis( { 0, infinity, 1 } );
+    const Box below( { -5, 5 }, { -5, 5 }, { -40, -30 } );
+    using Row = std::tuple<GeCullingCones, Box, bool>;
+    for ( const auto& [cones, eyes, isBehind] : {
+              Row{ make( 0.5F ), below, true },
+              Row{ make( 0.5F ), Box( { -5, 5 }, { -5, 60 }, { -40, -30 } ), false }, // the upper edge there sticks out
+              Row{ make( 0.5F ), Box( Point( 0, 0, 1 ) ), true },                     // the tip
+              Row{ make( 0 ), Box( { -5, 5 }, { -5, 5 }, { -5, 1 } ), true },         // touches the surface
+              Row{ make( 0 ), Box( { -5, 5 }, { -5, 5 }, { -5, next } ), false },
+              Row{ make( widest ), Box( Point( 0, 0, 1 ) ), true },
+              Row{ make( widest ), Box( Point( 0, 0, 0 ) ), false },
+              Row{ make( std::nextafter( widest, 2.0F ) ), below, false }, // no culling cones
+              Row{ make( nan ), below, false },
+              Row{ make( 0.5F ), Box( { -huge, huge }, { 0, 0 }, { -huge, -huge } ), true },
+              Row{ make( 0.5F, Z, Point() ), Box( { -tiny, tiny }, { 0, 0 }, { -3 * tiny, -2 * tiny } ), true },
+              Row{ make( 0.5F ), Box(), false },
+              Row{ make( 0.5F ), Box( { 1, 0 }, { -5, 5 }, { -40, -30 } ), false },
+              Row{ make( 0.5F ), Box( { nan, 5 }, { -5, 5 }, { -40, -30 } ), false },
+              Row{ make( 0.5F ), Box( { -5, 5 }, { -5, 5 }, { -infinity, -30 } ), false },
+              Row{ make( 0, Z, Point( 0, 0, infinity ) ), below, false },
+              Row{ make( 0, Z, Point( nan, 0, 1 ) ), below, false },
+              Row{ make( 0.5F, bad ), Box( Point( 0, -1, 0 ) ), false },
+          } )
+        EXPECT_EQ( cones.isBehind( eyes ), isBehind ) << cones << eyes;
+
+    using Way = std::tuple<GeCullingCones, Vector, bool>;
+    for ( const auto& [cones, direction, isBehind] : {
+              Way{ make( 0.5F ), Vector( 0, 0, 1 ), true },
+              Way{ make( 0.5F ), Vector( 0, 0, -1 ), false },
+              Way{ make( 0 ), Vector( 1, 0, 0 ), true }, // along the surface
+              Way{ make( 0 ), Vector( 1, 0, -tiny ), false },
+              Way{ make( std::nextafter( widest, 2.0F ) ), Vector( 0, 0, 1 ), false },
+              Way{ make( 0.5F ), Vector( huge, 0, huge ), true },
+              Way{ make( 0.5F ), Vector( tiny, 0, tiny ), true },
+              Way{ make( 0 ), Vector( 0, 0, 0 ), false },
+              Way{ make( 0 ), Vector( 0, nan, 1 ), false },
+              Way{ make( 0 ), Vector( 0, 0, infinity ), false },
+              Way{ make( 0, Unit() ), Vector( 0, 0, 1 ), false },
+              Way{ make( 0, bad ), Vector( 0, 1, 1 ), false },
+              Way{ make( nan ), Vector( 0, 0, 1 ), false },
+          } )
+        EXPECT_EQ( cones.isBehindDirection( direction ), isBehind ) << cones << direction;
 }
 
 } // namespace

@@ -18,7 +18,7 @@ public:
         : _number( number ), _trace( __FILE__, __LINE__, ::testing::Message() << "seed " << seed << ", run " << number )
     {
     }
-    operator int() const { return _number; }
+    operator int() const { return _number; } // NOLINT(google-explicit-constructor): it is the number
 
 private:
     int _number;

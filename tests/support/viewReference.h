@@ -30,7 +30,7 @@ public:
             for ( int i = 0; i < 4; ++i )
             {
                 const mpq_class row( m( side / 2, i ) ), w( m( 3, i ) ),
-                    bound( bounds[std::size_t( side / 2 * 2 + isUpper )] );
+                    bound( bounds[std::size_t( side / 2 ) * 2 + std::size_t( isUpper )] );
                 const mpq_class lower = row - bound * w;
                 _rows[side][i] = isUpper ? mpq_class( -lower ) : lower;
                 _rough[side][i] = _rows[side][i].get_d();

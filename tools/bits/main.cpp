@@ -38,17 +38,16 @@ bool parse( int argc, char** argv, Options& options )
     for ( int i = 1; i < argc; ++i )
     {
         const std::string option = argv[i];
+        const bool hasValue = i + 1 < argc;
         if ( option == "--lines" )
             options.isWithLines = true;
         else if ( option == "--list" )
             options.isList = true;
-        else if ( i + 1 == argc )
-            return false;
-        else if ( option == "--group" )
+        else if ( hasValue && option == "--group" )
             options.prefix = argv[++i];
-        else if ( option == "--check" )
+        else if ( hasValue && option == "--check" )
             options.file = argv[++i];
-        else if ( option == "--inputs" )
+        else if ( hasValue && option == "--inputs" )
         {
             const std::string digits = argv[++i];
             if ( digits.empty() || digits.size() > 15 || digits.find_first_not_of( "0123456789" ) != std::string::npos )

@@ -4,8 +4,12 @@
 
 #include <zq/base/floatUtil.h>
 #include <zq/primitives/geCameraBuilder.h>
+#include <zq/primitives/geCascadeBuilder.h>
+#include <zq/primitives/geProjectionBuilder.h>
 #include <zq/primitives/geTolerances.h>
 #include <zq/primitives/geVector2Utils.h>
+#include <zq/primitives/geViewBuilder.h>
+#include <zq/primitives/geViewport.h>
 
 namespace ZqBits
 {
@@ -303,7 +307,7 @@ void rotationAim( Inputs& in, Results& out )
 {
     const auto direction = in.make<GeUnitVector3<T>>();
     const GeVector3<T> up = in.oneIn( 8 ) ? direction * T( 3 ) : in.make<GeVector3<T>>();
-    const auto points = in.makeArray<GePoint3<T>>( static_cast<std::size_t>( 2 + in.index( 5 ) ) );
+    const auto points = in.makeArray<GePoint3<T>>( 2 + static_cast<std::size_t>( in.index( 5 ) ) );
     const int aimAxis = in.index( 16 ) % 5 - 1, planeAxis = in.index( 16 ) % 4;
     const bool asRows = in.oneIn( 2 );
     out.call( [&] { return GeRotation3<T>::aim( direction, aimAxis, asRows ); } );
@@ -459,6 +463,67 @@ void cameraLibm( Inputs& in, Results& out )
     out.call( [&] { return Camera::computeOrthoRadius( angle, near ); } );
     out.call( [&] { return Camera::makePerspective( angle, near, far, aspect ); } );
     out.call( [&] { return Camera::makeOrthographic( angle, near, far, aspect ); } );
+    using Projection = GeProjectionBuilder<T>;
+    const auto range = static_cast<GeDepthRange>( in.index( 3 ) );
+    out.call( [&] { return Projection::makePerspectiveFromVerticalAngle( angle, aspect, near, far, range ); } );
+    out.call( [&] { return Projection::makePerspectiveFromHorizontalAngle( angle, aspect, near, far, range ); } );
+}
+
+/// Projections, their views, pixels and cascades: mostly of what makes a camera, so that more than reports come out.
+template <class T>
+void views( Inputs& in, Results& out )
+{
+    using Projection = GeProjectionBuilder<T>;
+    const auto range = static_cast<GeDepthRange>( in.index( 3 ) );
+    T v[6];
+    for ( T& number : v )
+        number = in.number<T>();
+    if ( !in.oneIn( 4 ) )
+        for ( int i = 0; i < 6; i += 2 )
+            if ( v[i] > v[i + 1] )
+                std::swap( v[i], v[i + 1] );
+    if ( in.oneIn( 2 ) )
+        v[4] = FloatUtil::abs( v[4] );
+    const auto plane = in.make<GePlane3<T>>();
+    GeProjectiveMatrix3<T> lens = Projection::makePerspectiveFromTangents( -1, 2, -1, 1, 1, 100, range );
+    for ( const auto make : { Projection::makePerspectiveFromTangents, Projection::makePerspectiveFromNearEdges,
+              Projection::makeOrthographicFromEdges } )
+    {
+        out.call( [&] { lens = make( v[0], v[1], v[2], v[3], v[4], v[5], range ); } );
+        out( lens );
+    }
+    out.call( [&] { return Projection::makeOblique( lens, plane, range ); } );
+    out( Projection::makeYDown( lens ) );
+
+    const auto eye = in.make<GePoint3<T>>(), target = in.make<GePoint3<T>>();
+    const auto up = in.make<GeVector3<T>>();
+    GeAffineMatrix3<T> view;
+    out.call( [&] { return GeViewBuilder<T>::makeViewAlong( eye, up, GeVector3<T>( target ) ); } );
+    const auto rotation = in.make<GeRotation3<T>>();
+    out.call( [&] { return GeViewBuilder<T>::makeView( eye, rotation ); } );
+    out.call( [&] { view = GeViewBuilder<T>::makeView( eye, target, up ); } );
+    out( view );
+
+    auto image = in.make<GePoint3<T>>(), point = in.make<GePoint3<T>>();
+    GePoint3<T> origin;
+    GeVector3<T> direction;
+    const int column = in.index( 640 ), row = in.index( 480 );
+    const auto rows = static_cast<GeImageRows>( in.index( 2 ) );
+    out.call(
+        [&]
+        {
+            const GeViewport<T> viewport( lens, view, 640, 480, rows );
+            viewport.computePixelRay( column, row, origin, direction );
+            out( viewport.unproject( image, point ) );
+            out( viewport.project( target, image ) );
+        } );
+    out( image, point, origin, direction );
+    out.call(
+        [&]
+        {
+            const auto cascade = GeCascadeBuilder<T>( up, 64, 10, range ).fitSlice( lens, view, 1, 9 );
+            out( cascade.view, cascade.projection, cascade.texelSize );
+        } );
 }
 
 } // namespace
@@ -514,6 +579,8 @@ std::vector<Group> getValueGroups()
         { "splines.double.libm", splinesLibm<double> },
         { "euler.float.libm", eulerLibm<float> },
         { "euler.double.libm", eulerLibm<double> },
+        { "views.float", views<float> },
+        { "views.double", views<double> },
         { "camera.float.libm", cameraLibm<float> },
         { "camera.double.libm", cameraLibm<double> },
     };

@@ -3,6 +3,8 @@
 #include "../../base/lanes/laneTargets.h"
 #include "../geCullingCones.h"
 
+#include <algorithm>
+
 namespace Zq
 {
 
