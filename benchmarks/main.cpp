@@ -13,6 +13,7 @@ int main( int argc, char** argv )
     ZqBench::addQuaternionRows();
     ZqBench::addColorRows();
     ZqBench::addTextRows();
+    ZqBench::addViewRows();
 
     benchmark::Initialize( &argc, argv );
     if ( benchmark::ReportUnrecognizedArguments( argc, argv ) )

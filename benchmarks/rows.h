@@ -225,6 +225,7 @@ void addMatrixRows();
 void addQuaternionRows();
 void addColorRows();
 void addTextRows();
+void addViewRows();
 
 } // namespace ZqBench
 

@@ -18,6 +18,7 @@ class ZQ_BASE_API InPackageInit;
 class ZQ_BASE_API InPackageRegistry;
 class ZQ_BASE_API InVariableBase;
 class ZQ_BASE_API ProgramAbortedException;
+class TaskRunner;
 class ZQ_BASE_API Trace;
 class ZQ_BASE_API TraceLevel;
 class ZQ_BASE_API TraceManager;

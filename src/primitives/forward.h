@@ -14,6 +14,8 @@ template <class T>
 class ZQ_PRIMITIVES_API GeAffineMatrix3;
 template <class T>
 class ZQ_PRIMITIVES_API GeAlignedBox3;
+template <class T>
+class ZQ_PRIMITIVES_API GeAlignedBoxTree;
 template <int axis, class T>
 class ZQ_PRIMITIVES_API GeAxisRotation3;
 template <class T>

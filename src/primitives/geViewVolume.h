@@ -8,11 +8,20 @@
 #include "geSphere3.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <iosfwd>
 #include <type_traits>
 
 namespace Zq
 {
+
+namespace Detail
+{
+
+template <class T>
+struct VolumePlanes;
+
+} // namespace Detail
 
 /// The view volume of any projection, and the classification of points, spheres and boxes against it with answers that
 /// are proved: rounding, overflow and underflow included, VIEW_OUTSIDE and VIEW_INSIDE are never wrong. For float and
@@ -51,6 +60,8 @@ namespace Zq
 template <class T>
 class ZQ_PRIMITIVES_API GeViewVolume
 {
+    using OtherScalar = std::conditional_t<std::is_same_v<T, float>, double, float>;
+
 public:
     /// Numbers that loops need.
     enum
@@ -155,6 +166,28 @@ public:
     /// The first plane that the box is proved to be wholly beyond; -1 when there is none. A witness for classify( box
     /// ): it is VIEW_OUTSIDE exactly when the box is inverted or there is such a plane.
     int findSeparatingPlane( const GeAlignedBox3<T>& box ) const;
+
+    /// The same for arrays, and much faster: verdict i, a byte with the value of the enumerator, is what the call for
+    /// element i alone answers. Any count, also 0; no alignment is asked for. What is written must not lie within the
+    /// input. Where `planes` are asked for, byte i is findSeparatingPlane() of box i, 0xFF for -1: witnesses, by which
+    /// others can check a verdict. They cost about as much as the verdicts.
+    void classify( const GePoint3<T>* points, std::size_t count, unsigned char* verdicts ) const;
+    void classify( const GeSphere3<T>* spheres, std::size_t count, unsigned char* verdicts ) const;
+    void classify( const GeAlignedBox3<T>* boxes, std::size_t count, unsigned char* verdicts,
+        unsigned char* planes = nullptr ) const;
+    /// Boxes of the other scalar are taken for the exact numbers that they are, and worked out in double. A volume of
+    /// float keeps the errors of its planes, but loses those of float arithmetic.
+    void classify( const GeAlignedBox3<OtherScalar>* boxes, std::size_t count, unsigned char* verdicts,
+        unsigned char* planes = nullptr ) const;
+
+    /// Writes the indices of the elements that are not VIEW_OUTSIDE, in ascending order, and returns their number. The
+    /// array takes up to `count` indices; those behind the ones returned are left with any value. Reports
+    /// "count <= 0xFFFFFFFF" (src/primitives/geViewVolume.imp).
+    std::size_t findNotOutside( const GePoint3<T>* points, std::size_t count, std::uint32_t* indices ) const;
+    std::size_t findNotOutside( const GeSphere3<T>* spheres, std::size_t count, std::uint32_t* indices ) const;
+    std::size_t findNotOutside( const GeAlignedBox3<T>* boxes, std::size_t count, std::uint32_t* indices ) const;
+    std::size_t findNotOutside(
+        const GeAlignedBox3<OtherScalar>* boxes, std::size_t count, std::uint32_t* indices ) const;
     /// @}
 
     /// @name Text
@@ -168,6 +201,11 @@ public:
     /// @}
 
 private:
+    template <class>
+    friend class GeViewVolume;
+    template <class>
+    friend class GeAlignedBoxTree;
+
     /// What is stored about each plane.
     enum Row
     {
@@ -187,8 +225,15 @@ private:
     GeViewVolume();
     /// Adds what `coefficients` bound, each off by at most its error, or finds that it bounds nothing.
     void addPlane( int side, const T ( &coefficients )[4], T normalError, T offsetError );
+    /// Works out the error bound of a plane's values from its coefficients and their errors.
+    void setErrors( int plane );
     /// Adds the planes of the matrix between these bounds.
     void addBounds( T x0, T x1, T y0, T y1, T z0, T z1 );
+
+    /// This volume with all numbers in double; its values have the errors of double arithmetic.
+    GeViewVolume<double> computeInDouble() const;
+    /// The planes, one after the other, as the kernels take them.
+    void gatherPlanes( Detail::VolumePlanes<T>& gathered ) const;
 
     T _planes[NB_ROWS][NB_MAX_PLANES]; // by component, so that a register takes several planes; neutral ones at the end
     GeProjectiveMatrix3<T> _matrix;

@@ -25,7 +25,8 @@ public_files() # NAME PATTERNS of find
 make_everything()
 {
     mkdir -p "$work/generated"
-    public_files -name '*.h' | sed 's|.*|#include <zq/&>|' > "$work/generated/everything.h"
+    # what adapts a library that has to be linked is for those who link it
+    public_files -name '*.h' ! -name 'tbb*' | sed 's|.*|#include <zq/&>|' > "$work/generated/everything.h"
 }
 
 build_client() # WAY CMAKE_ARGUMENTS...

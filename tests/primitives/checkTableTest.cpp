@@ -4,6 +4,7 @@
 #include "support/prelude.h"
 
 #include <zq/primitives/geAlignedBox.h>
+#include <zq/primitives/geAlignedBoxTree.h>
 #include <zq/primitives/geAnchoredConeBuilder.h>
 #include <zq/primitives/geCascadeBuilder.h>
 #include <zq/primitives/geFrustum.h>
@@ -133,6 +134,19 @@ void addTwinChecks( Checks& add )
         add( "src/primitives/geViewVolume.inline", 0, "plane >= 0 && plane < _nbPlanes",
             [=] { volume.getPlane( plane ); } );
     add( "src/primitives/geViewVolume.inline", 0, "plane >= 0 && plane < _nbPlanes", [=] { volume.getSide( 6 ); } );
+    const char* const treeFile = "src/primitives/geAlignedBoxTree.imp";
+    add( treeFile, 0, "count == getNbBoxes()", [=] { GeAlignedBoxTree<T>().refit( &unknown, 1 ); } );
+    if constexpr ( sizeof( std::size_t ) > 4 )
+    {
+        const std::size_t tooMany = std::size_t( 1 ) << 32;
+        const auto addFind = [&]( const auto* items )
+        { add( file, 0, "count <= 0xFFFFFFFF", [=] { volume.findNotOutside( items, tooMany, nullptr ); } ); };
+        addFind( static_cast<const GePoint3<T>*>( nullptr ) );
+        addFind( static_cast<const GeSphere3<T>*>( nullptr ) );
+        addFind( static_cast<const GeAlignedBox3<float>*>( nullptr ) );
+        addFind( static_cast<const GeAlignedBox3<double>*>( nullptr ) );
+        add( treeFile, 0, "count <= 0xFFFFFFFF", [=] { GeAlignedBoxTree<T>().build( nullptr, tooMany ); } );
+    }
 
     // Quaternions
     using Q = GeQuaternion3<T>;

@@ -666,4 +666,51 @@ ZQ_TWIN_TEST( ViewVolume, DegenerateInputsHaveTheStatedVerdicts )
     EXPECT_EQ( slab.classify( GePoint3<T>( 0, 1000, 1000 ) ), INSIDE<T> );
     EXPECT_EQ( slab.classify( GePoint3<T>( 2, 1000, 1000 ) ), OUTSIDE<T> );
 }
+// Array forms call by call are compared in tests/bits; here is what has no call for one element.
+ZQ_TWIN_TEST( ViewVolume, BoxesOfTheOtherScalarAreTakenExactly )
+{
+    using Other = std::conditional_t<std::is_same_v<T, float>, double, float>;
+    ZqTest::Verdicts seen = {};
+    forEachCamera<T>( 9, 2,
+        [&seen]( Random& random, const Camera& camera, const GeProjectiveMatrix3<T>& m )
+        {
+            const GeViewVolume<T> volume( m, camera.range );
+            GeProjectiveMatrix3<double> inDouble;
+            for ( int k = 0; k < 16; ++k )
+                inDouble( k / 4, k % 4 ) = double( m( k / 4, k % 4 ) );
+            const ExactView<double> exact( inDouble, camera.range );
+            std::vector<GeAlignedBox3<Other>> boxes;
+            for ( std::size_t i = 0; i < 300; ++i ) // more than go through a buffer at a time
+                boxes.push_back( makeBoxNear<Other>( random, camera ) );
+            boxes[7].setInterval( 1, Interval<Other>( 1, std::nextafter( Other( 1 ), Other( 0 ) ) ) );
+            boxes[8].setInterval( 1, Interval<Other>( 0, ZqTest::nan<Other> ) );
+            std::vector<unsigned char> verdicts( boxes.size() ), planes( boxes.size() );
+            volume.classify( boxes.data(), boxes.size(), verdicts.data(), planes.data() );
+            EXPECT_EQ( verdicts[7], OUTSIDE<T> );
+            EXPECT_EQ( verdicts[8], INTERSECT<T> );
+            for ( std::size_t i = 9; i < 60; ++i )
+            {
+                GeAlignedBox3<double> box;
+                for ( int axis = 0; axis < 3; ++axis )
+                    box.setInterval( axis,
+                        { double( boxes[i].getInterval( axis ).min ), double( boxes[i].getInterval( axis ).max ) } );
+                ++seen[verdicts[i]];
+                EXPECT_EQ( verdicts[i] == OUTSIDE<T>, planes[i] != 0xFF ) << box;
+                if ( planes[i] != 0xFF )
+                {
+                    EXPECT_LT( exact.largestSign( volume.getSide( planes[i] ), box ), 0 ) << box;
+                }
+                EXPECT_TRUE( verdicts[i] != INSIDE<T> || exact.isWithinAll( box ) ) << box;
+            }
+            std::vector<std::uint32_t> indices( boxes.size() ), expected;
+            indices.resize( volume.findNotOutside( boxes.data(), boxes.size(), indices.data() ) );
+            for ( std::uint32_t i = 0; i < verdicts.size(); ++i )
+                if ( verdicts[i] != OUTSIDE<T> )
+                    expected.push_back( i );
+            EXPECT_EQ( indices, expected );
+        } );
+    for ( const auto verdict : { OUTSIDE<T>, INSIDE<T>, INTERSECT<T> } )
+        EXPECT_GT( seen[verdict], 500 );
+}
+
 } // namespace
