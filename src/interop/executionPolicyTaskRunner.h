@@ -14,7 +14,7 @@ namespace Zq
 {
 
 /// Runs tasks by std::for_each with an execution policy: std::execution::par, or seq. Not par_unseq, since tasks may
-/// lock. The program includes <execution>, and links what its standard library needs for that: oneTBB in the case of
+/// lock. The program includes the header `execution`, and links what its standard library needs for that: oneTBB in the case of
 /// libstdc++. An exception of a task ends no program, as it would in the algorithm itself: all other tasks are done
 /// first.
 template <class Policy>

@@ -148,7 +148,7 @@ struct Levels
     std::vector<std::uint32_t> order;
     Detail::BoxTreeLevels<T> levels = {};
 
-    Levels( const std::vector<GeAlignedBox3<T>>& boxes )
+    explicit Levels( const std::vector<GeAlignedBox3<T>>& boxes )
     {
         for ( std::size_t i = boxes.size(); i-- > 0; )
             order.push_back( static_cast<std::uint32_t>( i ) );
