@@ -17,11 +17,15 @@ public:
     TaskRunner& operator=( const TaskRunner& ) = delete;
     virtual ~TaskRunner() = default;
 
+    /// @name Running
+    /// @{
+
     /// Calls task( context, i ) once for each i from 0 to count - 1, in any order, as many at a time as it likes, on
     /// any threads, and returns when all calls have. What the calls have written is seen by the caller then. When a
     /// call throws, one of the exceptions leaves run() after all calls that were begun have returned; the others may be
     /// left out. The tasks of this library do not throw.
     virtual void run( std::size_t count, void ( *task )( void* context, std::size_t index ), void* context ) = 0;
+    /// @}
 };
 
 } // namespace Zq

@@ -14,13 +14,17 @@ namespace Zq
 {
 
 /// Runs tasks by std::for_each with an execution policy: std::execution::par, or seq. Not par_unseq, since tasks may
-/// lock. The program includes the header `execution`, and links what its standard library needs for that: oneTBB in the case of
-/// libstdc++. An exception of a task ends no program, as it would in the algorithm itself: all other tasks are done
+/// lock. The program includes the header `execution`, and links what its standard library needs for that: oneTBB in the
+/// case of libstdc++. An exception of a task ends no program, as it would in the algorithm itself: all other tasks are done
 /// first.
 template <class Policy>
 class ExecutionPolicyTaskRunner : public TaskRunner
 {
 public:
+    /// @name Running
+    /// @{
+
+    /// The policy is copied.
     explicit ExecutionPolicyTaskRunner( const Policy& policy ) : _policy( policy ) {}
 
     void run( std::size_t count, void ( *task )( void* context, std::size_t index ), void* context ) override
@@ -45,6 +49,7 @@ public:
         if ( failure )
             std::rethrow_exception( failure );
     }
+    /// @}
 
 private:
     Policy _policy;

@@ -24,6 +24,9 @@ namespace Zq
 class ThreadTaskRunner : public TaskRunner
 {
 public:
+    /// @name Running
+    /// @{
+
     /// With the caller's thread it is `nbThreads` that work; 0 counts as 1. Throws std::system_error when a thread
     /// cannot be started.
     explicit ThreadTaskRunner( unsigned nbThreads = std::thread::hardware_concurrency() )
@@ -39,6 +42,7 @@ public:
             throw;
         }
     }
+    /// Waits for its threads to end.
     ~ThreadTaskRunner() override { stop(); }
 
     void run( std::size_t count, void ( *task )( void* context, std::size_t index ), void* context ) override
@@ -73,6 +77,7 @@ public:
         if ( failure )
             std::rethrow_exception( failure );
     }
+    /// @}
 
 private:
     /// Takes one task after the other until none is left.

@@ -67,7 +67,9 @@ public:
     GeAlignedBoxTree();
     /// The tree that was moved from has no boxes.
     GeAlignedBoxTree( GeAlignedBoxTree&& other ) noexcept;
+    /// Likewise; the boxes of before are given up.
     GeAlignedBoxTree& operator=( GeAlignedBoxTree&& other ) noexcept;
+    /// Gives up the memory.
     ~GeAlignedBoxTree() = default;
 
     /// Makes the tree of these boxes; the one before is given up. Reports "count <= 0xFFFFFFFF"
@@ -84,6 +86,7 @@ public:
     /// @name Access
     /// @{
 
+    /// The count of the last build().
     std::size_t getNbBoxes() const;
     /// @}
 

@@ -172,7 +172,9 @@ public:
     /// input. Where `planes` are asked for, byte i is findSeparatingPlane() of box i, 0xFF for -1: witnesses, by which
     /// others can check a verdict. They cost about as much as the verdicts.
     void classify( const GePoint3<T>* points, std::size_t count, unsigned char* verdicts ) const;
+    /// The same for spheres.
     void classify( const GeSphere3<T>* spheres, std::size_t count, unsigned char* verdicts ) const;
+    /// The same for boxes.
     void classify( const GeAlignedBox3<T>* boxes, std::size_t count, unsigned char* verdicts,
         unsigned char* planes = nullptr ) const;
     /// Boxes of the other scalar are taken for the exact numbers that they are, and worked out in double. A volume of
@@ -184,8 +186,11 @@ public:
     /// array takes up to `count` indices; those behind the ones returned are left with any value. Reports
     /// "count <= 0xFFFFFFFF" (src/primitives/geViewVolume.imp).
     std::size_t findNotOutside( const GePoint3<T>* points, std::size_t count, std::uint32_t* indices ) const;
+    /// The same for spheres.
     std::size_t findNotOutside( const GeSphere3<T>* spheres, std::size_t count, std::uint32_t* indices ) const;
+    /// The same for boxes.
     std::size_t findNotOutside( const GeAlignedBox3<T>* boxes, std::size_t count, std::uint32_t* indices ) const;
+    /// The same for boxes of the other scalar, as above.
     std::size_t findNotOutside(
         const GeAlignedBox3<OtherScalar>* boxes, std::size_t count, std::uint32_t* indices ) const;
     /// @}
