@@ -46,7 +46,7 @@ Zq::GeProjectiveMatrix3<float> makeMatrix()
 
 Volume makeVolume()
 {
-    return Volume( makeMatrix(), Zq::GeDepthRange::MINUS_ONE_TO_ONE );
+    return { makeMatrix(), Zq::GeDepthRange::MINUS_ONE_TO_ONE };
 }
 
 Point makePoint( Random& random )
@@ -94,8 +94,9 @@ std::vector<Box> makeTown( std::size_t count )
     town.reserve( count );
     for ( std::size_t i = 0; i < count; ++i )
     {
+        const std::size_t row = i / width;
         const float x = static_cast<float>( i % width ) * 10 + random.uniform( 0.0F, 2.0F );
-        const float y = static_cast<float>( i / width ) * 10 + random.uniform( 0.0F, 2.0F );
+        const float y = static_cast<float>( row ) * 10 + random.uniform( 0.0F, 2.0F );
         const float height = makeLength( random, 2, 100 );
         town.emplace_back( Point( x, y, 0 ), Point( x + 7, y + 7, height ) );
     }
@@ -111,9 +112,8 @@ Volume makeTownView()
     Zq::GeLinearMatrix3<float> turned;
     Zq::GeQuaternion3<float>::makeRotation( { 0, 0, 1 }, -0.8F ).getMatrix( turned );
     const Zq::GeAffineMatrix3<float> toWorld( turned * upright, { 1500, 1500, 60 } );
-    return Volume(
-        Zq::GeCameraBuilder<float>::makePerspective( 0.8F, 1, 4600, 16.0F / 9.0F ) * toWorld.computeInverse(),
-        Zq::GeDepthRange::MINUS_ONE_TO_ONE );
+    return { Zq::GeCameraBuilder<float>::makePerspective( 0.8F, 1, 4600, 16.0F / 9.0F ) * toWorld.computeInverse(),
+        Zq::GeDepthRange::MINUS_ONE_TO_ONE };
 }
 
 constexpr auto getBoxes = getShared<Box, makeBoxes>;
