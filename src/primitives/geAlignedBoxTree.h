@@ -75,7 +75,7 @@ public:
     /// Makes the tree of these boxes; the one before is given up. Reports "count <= 0xFFFFFFFF"
     /// (src/primitives/geAlignedBoxTree.imp). The tree stays as it was when memory or a runner fails.
     void build( const GeAlignedBox3<T>* boxes, std::size_t count, TaskRunner* runner = nullptr );
-    /// Takes the boxes of the same array after they have moved. Several times faster than build(), and all answers are
+    /// Takes the boxes of the same array after they have moved. Faster than build(), and all answers are
     /// as exact; but what was near when the tree was built stays together, so that queries take longer the farther
     /// boxes have moved from their neighbours. Reports "count == getNbBoxes()" (src/primitives/geAlignedBoxTree.imp).
     /// The tree has no boxes when memory or a runner fails.
