@@ -1,12 +1,10 @@
 // Boxes and points against a view frustum, with three answers for boxes: outside, inside, crossing.
 
 #include "../tests/bits/plainRules.h"
-#include "inputs.h"
 #include "rows.h"
+#include "scene.h"
 
-#include <zq/primitives/geCameraBuilder.h>
 #include <zq/primitives/geFrustum.h>
-#include <zq/primitives/geQuaternion3.h>
 
 #include <memory>
 
@@ -37,48 +35,14 @@ constexpr unsigned char OUTSIDE = Frustum::FRUSTUM_OUTSIDE;
 constexpr unsigned char INSIDE = Frustum::FRUSTUM_INSIDE;
 constexpr unsigned char INTERSECT = Frustum::FRUSTUM_INTERSECT;
 
-constexpr float FIELD_OF_VIEW = 1.0F;
-constexpr float NEAR_DISTANCE = 1.0F;
-constexpr float FAR_DISTANCE = 100.0F;
-constexpr float ASPECT = 4.0F / 3.0F;
-
-/// A camera that stands and looks askew, so that no plane is parallel to an axis.
-Zq::GeAffineMatrix3<float> makeCameraToWorld()
-{
-    Zq::GeLinearMatrix3<float> rotation;
-    Zq::GeQuaternion3<float>::makeRotation( { 1.0F, 2.0F, -0.5F }, 0.7F ).getMatrix( rotation );
-    return { rotation, { 10.0F, -4.0F, 7.0F } };
-}
-
 Frustum makeFrustum()
 {
-    return Frustum( Zq::GeCameraBuilder<float>::makePerspective( FIELD_OF_VIEW, NEAR_DISTANCE, FAR_DISTANCE, ASPECT ) *
-        makeCameraToWorld().computeInverse() );
-}
-
-/// Somewhere in a block around the frustum.
-Point makePoint( Random& random )
-{
-    const float x = random.uniform( -75.0F, 75.0F );
-    const float y = random.uniform( -60.0F, 60.0F );
-    const float z = random.uniform( -105.0F, 5.0F );
-    return makeCameraToWorld() * Point( x, y, z );
+    return Frustum( makeClipMatrix() );
 }
 
 std::vector<Box> makeBoxes( std::size_t count )
 {
-    Random random( 1 );
-    const Frustum frustum = makeFrustum();
-    const auto make = [&]
-    {
-        const Point center = makePoint( random );
-        const float x = makeLength( random, 0.1F, 30.0F );
-        const float y = makeLength( random, 0.1F, 30.0F );
-        const float z = makeLength( random, 0.1F, 30.0F );
-        const Zq::GeVector3<float> half( x, y, z );
-        return Box( center - half, center + half );
-    };
-    return makeBalanced( count, 3, random, make, [&]( const Box& box ) { return frustum.classify( box ) - OUTSIDE; } );
+    return makeBoxesAbout( makeFrustum(), OUTSIDE, count );
 }
 
 std::vector<Point> makePoints( std::size_t count )

@@ -1,14 +1,12 @@
 // Boxes and spheres against a view volume, whose verdicts are proved, and a tree over boxes. The frustum that the
 // library has, and what users of vector libraries write, stand beside it.
 
-#include "inputs.h"
 #include "rows.h"
+#include "scene.h"
 
 #include <zq/interop/threadTaskRunner.h>
 #include <zq/primitives/geAlignedBoxTree.h>
-#include <zq/primitives/geCameraBuilder.h>
 #include <zq/primitives/geFrustum.h>
-#include <zq/primitives/geQuaternion3.h>
 #include <zq/primitives/geViewVolume.h>
 
 #ifdef ZQ_BENCHMARK_PEERS
@@ -31,46 +29,14 @@ using Tree = Zq::GeAlignedBoxTree<float>;
 constexpr std::size_t SMALL = 100000;
 constexpr std::size_t MANY = std::size_t( 1 ) << 20;
 
-/// A camera that stands and looks askew, so that no plane is parallel to an axis.
-Zq::GeAffineMatrix3<float> makeCameraToWorld()
-{
-    Zq::GeLinearMatrix3<float> rotation;
-    Zq::GeQuaternion3<float>::makeRotation( { 1.0F, 2.0F, -0.5F }, 0.7F ).getMatrix( rotation );
-    return { rotation, { 10.0F, -4.0F, 7.0F } };
-}
-
-Zq::GeProjectiveMatrix3<float> makeMatrix()
-{
-    return Zq::GeCameraBuilder<float>::makePerspective( 1, 1, 100, 4.0F / 3.0F ) * makeCameraToWorld().computeInverse();
-}
-
 Volume makeVolume()
 {
-    return { makeMatrix(), Zq::GeDepthRange::MINUS_ONE_TO_ONE };
-}
-
-Point makePoint( Random& random )
-{
-    const float x = random.uniform( -75.0F, 75.0F );
-    const float y = random.uniform( -60.0F, 60.0F );
-    const float z = random.uniform( -105.0F, 5.0F );
-    return makeCameraToWorld() * Point( x, y, z );
+    return { makeClipMatrix(), Zq::GeDepthRange::MINUS_ONE_TO_ONE };
 }
 
 std::vector<Box> makeBoxes( std::size_t count )
 {
-    Random random( 1 );
-    const Volume volume = makeVolume();
-    const auto make = [&]
-    {
-        const Point center = makePoint( random );
-        const float x = makeLength( random, 0.1F, 30.0F );
-        const float y = makeLength( random, 0.1F, 30.0F );
-        const float z = makeLength( random, 0.1F, 30.0F );
-        const Zq::GeVector3<float> half( x, y, z );
-        return Box( center - half, center + half );
-    };
-    return makeBalanced( count, 3, random, make, [&]( const Box& box ) { return volume.classify( box ) - 1; } );
+    return makeBoxesAbout( makeVolume(), Volume::VIEW_OUTSIDE, count );
 }
 
 std::vector<Sphere> makeSpheres( std::size_t count )
@@ -82,7 +48,8 @@ std::vector<Sphere> makeSpheres( std::size_t count )
         const Point center = makePoint( random );
         return Sphere( center, makeLength( random, 0.1F, 30.0F ) );
     };
-    return makeBalanced( count, 3, random, make, [&]( const Sphere& s ) { return volume.classify( s ) - 1; } );
+    return makeBalanced(
+        count, 3, random, make, [&]( const Sphere& s ) { return volume.classify( s ) - Volume::VIEW_OUTSIDE; } );
 }
 
 /// A town of blocks on a square of about ten kilometres, its buildings in random order.
@@ -140,7 +107,7 @@ Zq::TaskRunner* getTwoThreads()
 void addOwnRows()
 {
     const Volume volume = makeVolume();
-    const Zq::GeFrustum<float> frustum( makeMatrix() );
+    const Zq::GeFrustum<float> frustum( makeClipMatrix() );
     const auto classify = [=]( const auto& item ) { return static_cast<unsigned char>( volume.classify( item ) ); };
     const auto classifyAll = [=]( const auto* items, std::size_t count, unsigned char* verdicts )
     { volume.classify( items, count, verdicts ); };
@@ -206,7 +173,7 @@ struct Planes
 
     Planes()
     {
-        const Zq::GeFrustum<float> frustum( makeMatrix() );
+        const Zq::GeFrustum<float> frustum( makeClipMatrix() );
         for ( int i = 0; i < 6; ++i )
         {
             const Zq::GeNormalizedPlane3<float> plane = frustum.getPlane( i );
