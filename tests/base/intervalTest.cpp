@@ -7,18 +7,6 @@ namespace
 
 ZQ_TWIN_SUITE( IntervalTwins );
 
-ZQ_TWIN_TEST( IntervalTwins, ByHand )
-{
-    using I = Interval<T>;
-    EXPECT_EQ( I( 1, 2 ).classify( { 0, 3 } ), I::INSIDE ); // what the first is to the second
-    EXPECT_EQ( I( 0, 3 ).classify( { 1, 2 } ), I::CONTAIN );
-    EXPECT_EQ( I( 0, 2 ).classify( { 1, 3 } ), I::OVERLAP );
-    EXPECT_EQ( I( 0, 1 ).classify( { 1, 2 } ), I::OVERLAP ); // they touch
-    EXPECT_EQ( I( 0, 1 ).classifyExclude( { 1, 2 } ), I::OUTSIDE );
-    EXPECT_EQ( I( 0, 2 ).intersect( { 1, 3 } ), I( 1, 2 ) );
-    EXPECT_EQ( I( 0, 1 ).extend( { 4, 5 } ), I( 0, 5 ) );
-}
-
 /// The half steps that a range of small integers holds, a bit for each; an open one does not hold its bounds.
 template <class T>
 unsigned getSteps( const Interval<T>& a, bool isOpen )

@@ -27,17 +27,6 @@ void expectNearReference( const CoHsvColorT<T>& hsv, const CoRgbColorT<T>& rgb, 
     }
 }
 
-ZQ_TWIN_TEST( Color, ByHand )
-{
-    using Rgb = CoRgbColorT<T>;
-    using Hsv = CoHsvColorT<T>;
-    EXPECT_EQ( Hsv::convertFromRgb( Rgb( 1, 0, 0 ) ), Hsv( 0, 1, 1 ) ); // red
-    EXPECT_EQ( Hsv::convertFromRgb( Rgb( 0, 1, 0 ) ), Hsv( 120, 1, 1 ) );
-    EXPECT_EQ( Hsv::convertFromRgb( Rgb( 0, 0, T( 0.5 ) ) ), Hsv( 240, 1, T( 0.5 ) ) );
-    EXPECT_EQ( Hsv( 60, 1, 1 ).convertToRgb(), Rgb( 1, 1, 0 ) ); // yellow
-    EXPECT_EQ( Hsv( 180, T( 0.5 ), 1 ).convertToRgb(), Rgb( T( 0.5 ), 1, 1 ) );
-}
-
 ZQ_TWIN_TEST( Color, ConversionsAgreeWithALongDoubleReference )
 {
     Random random( 1 );

@@ -21,22 +21,6 @@ struct Collector final : UnaryFunctor<GePoint3<T>, bool>
     std::vector<GePoint3<T>> points;
 };
 
-ZQ_TWIN_TEST( AlignedBox, ByHand )
-{
-    using Point = GePoint3<T>;
-    using Box = GeAlignedBox3<T>;
-    const Box box( Point( 0, 0, 0 ), Point( 1, 2, 3 ) );
-    EXPECT_EQ( box.getCorner( 5 ), Point( 1, 0, 3 ) ); // bits 1 and 4: upper x and upper z
-    EXPECT_EQ( Box( box ).extend( Point( 0, -1, 9 ) ), Box( Point( 0, -1, 0 ), Point( 1, 2, 9 ) ) );
-    const Box neighbour( Point( 1, 0, 0 ), Point( 4, 1, 1 ) ); // they share a face
-    EXPECT_EQ( box.classify( neighbour ), Interval<T>::OVERLAP );
-    EXPECT_EQ( box.classifyExclude( neighbour ), Interval<T>::OUTSIDE );
-    EXPECT_EQ( box.classify( Box( Point( -1, -1, -1 ), Point( 9, 9, 9 ) ) ), Interval<T>::INSIDE );
-    const GeVector3<T> along( 2, 0, 0 );
-    EXPECT_EQ( box.intersectLine( Point( -1, 1, 1 ), along ), Interval<T>( T( 0.5 ), 1 ) ); // in lengths of `along`
-    EXPECT_TRUE( box.intersectLine( Point( -1, 5, 1 ), along ).isEmpty() );
-}
-
 ZQ_TWIN_TEST( AlignedBox, HoldsItsPointsAndReachesFromTheNearestToTheFarthest )
 {
     using Box = GeAlignedBox3<T>;

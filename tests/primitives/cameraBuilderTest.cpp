@@ -1,3 +1,4 @@
+#include "support/cameras.h"
 #include "support/prelude.h"
 
 #include <zq/primitives/geCameraBuilder.h>
@@ -7,43 +8,27 @@ namespace
 
 ZQ_TWIN_SUITE( CameraBuilder );
 
-ZQ_TWIN_TEST( CameraBuilder, ByHand )
+ZQ_TWIN_TEST( CameraBuilder, MatricesAreThoseOfTheProjectionBuilder )
 {
-    using Coord = GeHomogeneousCoord3<T>;
-    const auto camera = GeCameraBuilder<T>::makePerspective( T( 1.57079632679489662 ), 1, 3, 2 );
-    const T bound = 8 * epsilon<T>;
-    EXPECT_CLOSE( camera * Coord( 0, 0, -1, 1 ), Coord( 0, 0, -1, 1 ), bound ); // near: -1
-    EXPECT_CLOSE( camera * Coord( 0, 0, -3, 1 ) / T( 3 ), Coord( 0, 0, 1, 1 ), bound );
-    EXPECT_CLOSE( camera * Coord( 2, 1, -1, 1 ), Coord( 1, 1, -1, 1 ), bound ); // x to the right, y up
-}
-
-// The eight corners of the view volume land on the corners of the cube; w is the depth of a perspective.
-ZQ_TWIN_TEST( CameraBuilder, TheViewVolumeBecomesTheCube )
-{
-    using Coord = GeHomogeneousCoord3<T>;
-    const T tolerance = 500 * epsilon<T>;
+    using Builder = GeProjectionBuilder<T>;
+    const auto range = GeDepthRange::MINUS_ONE_TO_ONE;
     Random random( 51 );
     for ( const auto i : random.runs( 500 ) )
     {
         const T angle = random.uniform<T>( T( 0.1 ), T( 2.5 ) ), aspect = random.uniform<T>( T( 0.5 ), T( 2 ) );
-        T nearDistance = random.uniform<T>( T( 0.5 ), T( 2 ) ), farDistance = random.uniform<T>( T( 4 ), T( 20 ) );
-        if ( i % 2 ) // near behind far: flipped, not refused
-            std::swap( nearDistance, farDistance );
-        const auto perspective = GeCameraBuilder<T>::makePerspective( angle, nearDistance, farDistance, aspect );
-        const auto orthographic = GeCameraBuilder<T>::makeOrthographic( angle, nearDistance, farDistance, aspect );
-        const T slope = static_cast<T>( std::tan( static_cast<long double>( angle ) / 2 ) );
-        for ( int corner = 0; corner < 8; ++corner )
-        {
-            const Coord cube( T( corner % 2 * 2 - 1 ), T( corner / 2 % 2 * 2 - 1 ), T( corner / 4 * 2 - 1 ), 1 );
-            const T depth = corner < 4 ? nearDistance : farDistance;
-            const auto place = [&]( T size )
-            { return Coord( cube.getX() * size * aspect, cube.getY() * size, -depth, 1 ); };
-            const Coord clip = perspective * place( slope * depth );
-            EXPECT_EQ( clip.getW(), depth ) << clip;
-            EXPECT_CLOSE( clip / depth, cube, tolerance );
-            EXPECT_CLOSE( orthographic * place( slope * nearDistance ), cube, tolerance );
-        }
+        const T n = random.uniform<T>( T( 0.5 ), T( 2 ) ), f = random.uniform<T>( T( 4 ), T( 20 ) );
+        const T up = n * static_cast<T>( std::tan( static_cast<long double>( angle ) / 2 ) ), right = up * aspect;
+        const T tolerance = 500 * epsilon<T>;
+        EXPECT_CLOSE( GeCameraBuilder<T>::makePerspective( angle, n, f, aspect ),
+            Builder::makePerspectiveFromVerticalAngle( angle, aspect, n, f, range ), tolerance );
+        EXPECT_CLOSE( GeCameraBuilder<T>::makeOrthographic( angle, n, f, aspect ),
+            Builder::makeOrthographicFromEdges( -right, right, -up, up, n, f, range ), tolerance );
     }
+    // near behind far is not refused: the depths change places
+    const auto flipped = GeCameraBuilder<T>::makePerspective( 1, 3, 1, 2 );
+    EXPECT_EQ( flipped( 2, 2 ), T( 2 ) );
+    EXPECT_EQ( flipped( 2, 3 ), T( 3 ) );
+    EXPECT_EQ( GeCameraBuilder<T>::makeOrthographic( 1, 3, 1, 2 )( 2, 2 ), T( 1 ) );
 }
 
 ZQ_TWIN_TEST( CameraBuilder, DegenerateArgumentsAreReplaced )

@@ -1,16 +1,15 @@
+#include "support/cameras.h"
 #include "support/prelude.h"
 
 #include <zq/primitives/geCascadeBuilder.h>
-#include <zq/primitives/geProjectionBuilder.h>
-#include <zq/primitives/geViewBuilder.h>
 
 namespace
 {
 
 ZQ_TWIN_SUITE( CascadeBuilder );
 
-constexpr GeDepthRange ranges[] = {
-    GeDepthRange::MINUS_ONE_TO_ONE, GeDepthRange::ZERO_TO_ONE, GeDepthRange::ONE_TO_ZERO };
+using ZqTest::makeView;
+using ZqTest::ranges;
 
 /// Where a point is in the map, in texels from the corner, as the hardware would find it in T; the depth from 0 to 1.
 template <class Cascade, class T>
@@ -39,12 +38,6 @@ std::array<GePoint3<T>, 8> computeCorners( const GeAffineMatrix3<T>& view, T tan
     return corners;
 }
 
-template <class T>
-GeAffineMatrix3<T> makeView( Random& random, T distance )
-{
-    return GeViewBuilder<T>::makeViewAlong( random.point<T>( distance ), random.direction<T>(), random.direction<T>() );
-}
-
 ZQ_TWIN_TEST( CascadeBuilder, HoldsTheSliceAndItsCastersWithAMargin )
 {
     Random random( 331 );
@@ -58,7 +51,7 @@ ZQ_TWIN_TEST( CascadeBuilder, HoldsTheSliceAndItsCastersWithAMargin )
         const GeDepthRange range = ranges[run % 3];
         const GeCascadeBuilder<T> builder( light, resolution, casters, range );
         const auto lens = GeProjectionBuilder<T>::makePerspectiveFromVerticalAngle( angle, aspect, 1, 2, range );
-        const GeAffineMatrix3<T> view = makeView<T>( random, 500 );
+        const GeAffineMatrix3<T> view = makeView( random, T( 500 ) );
         const auto corners = computeCorners( view, T( std::tan( double( angle ) / 2 ) ), aspect, near, far );
         const T diameter = GeCascadeBuilder<T>::computeDiameter( corners.data(), 8 );
         for ( const auto& cascade :
@@ -96,12 +89,12 @@ ZQ_TWIN_TEST( CascadeBuilder, TheGridStaysInTheWorldWhenTheCameraMoves )
         const auto lens =
             GeProjectionBuilder<T>::makePerspectiveFromTangents( -1, T( 0.8 ), T( -0.7 ), T( 0.6 ), 1, 2, range );
         const GePoint3<T> point = random.point<T>( 20 );
-        const auto first = builder.fitSlice( lens, makeView<T>( random, 20 ), 1, 30 );
+        const auto first = builder.fitSlice( lens, makeView( random, T( 20 ) ), 1, 30 );
         const GePoint3<T> place = computePlace( first, point, resolution, range );
         const double texels = double( first.texelSize * resolution + 50 ) / double( first.texelSize ); // in depth
         for ( int step = 0; step < 20; ++step )
         {
-            const auto cascade = builder.fitSlice( lens, makeView<T>( random, 20 ), 1, 30 );
+            const auto cascade = builder.fitSlice( lens, makeView( random, T( 20 ) ), 1, 30 );
             EXPECT_EQ( cascade.view, first.view );
             EXPECT_EQ( cascade.texelSize, first.texelSize );
             for ( int axis = 0; axis < 3; ++axis )

@@ -87,23 +87,6 @@ TEST( Cones, ComparisonsAndTexts )
         "height=5, floatingCone( axis=(0, 0, 1), alpha=4 ) )" );
 }
 
-// Three faces of a flat cluster look up, about z, by 0.5 at most: whoever is far below sees none of them, whoever is far
-// above sees all.
-TEST( Cones, ByHand )
-{
-    const GeFloatingCone normals( Z, 0.5F );
-    EXPECT_TRUE( normals.contains( Unit( 0, 0.4F, 1 ) ) );
-    EXPECT_FALSE( normals.contains( Unit( 0, 0.6F, 1 ) ) );
-    const GeAnchoredCone anchored = fit( { { -1, 0, 0 }, { 1, 0, 0 }, { 0, 1, 0 } }, normals );
-    const GeCullingCones cones( anchored );
-    EXPECT_TRUE( cones.isBehind( Point( 0, 0, -10 ) ) );
-    EXPECT_FALSE( cones.isInFront( Point( 0, 0, -10 ) ) );
-    EXPECT_TRUE( cones.isInFront( Point( 0, 0, 10 ) ) );
-    EXPECT_FALSE( cones.isBehind( Point( 0, 0, 10 ) ) );
-    EXPECT_FALSE( cones.isBehind( Point( 10, 0, 0 ) ) ); // beside it, neither
-    EXPECT_FALSE( cones.isInFront( Point( 10, 0, 0 ) ) );
-}
-
 // Normals -------------------------------------------------------------------------------------------------------------
 
 TEST( FloatingCone, ExpandMakesTheSmallestConeAboutTwo )

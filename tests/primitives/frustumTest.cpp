@@ -43,23 +43,6 @@ double clipDistance( const GeProjectiveMatrix3<T>& m, int plane, const GePoint3<
     return static_cast<double>( value / std::sqrt( squares ) );
 }
 
-// From the origin along -z, 90 degrees high and twice as wide, from 1 to 10.
-ZQ_TWIN_TEST( Frustum, ByHand )
-{
-    using Point = GePoint3<T>;
-    const GeFrustum<T> frustum( GeCameraBuilder<T>::makePerspective( T( 1.57079632679 ), 1, 10, 2 ) );
-    EXPECT_EQ( frustum.classify( Point( 0, 0, -5 ) ), frustum.FRUSTUM_INSIDE );
-    EXPECT_EQ( frustum.classify( Point( 0, 0, 5 ) ), frustum.FRUSTUM_OUTSIDE );
-    EXPECT_EQ( frustum.classify( Point( 9, 0, -5 ) ), frustum.FRUSTUM_INSIDE );
-    EXPECT_EQ( frustum.classify( Point( 0, 9, -5 ) ), frustum.FRUSTUM_OUTSIDE );
-    const GeAlignedBox3<T> box( Point( -1, -1, -9 ), Point( 1, 1, -5 ) );
-    EXPECT_EQ( frustum.classify( box ), frustum.FRUSTUM_INSIDE );
-    EXPECT_EQ( frustum.classify( GeAlignedBox3<T>( box ).extend( Point() ) ), frustum.FRUSTUM_INTERSECT );
-    // left, right, bottom, top, near, far; the normals point inwards
-    EXPECT_CLOSE( frustum.getPlane( 4 ), GeNormalizedPlane3<T>( 0, 0, -1, -1 ), T( 1e-5 ) );
-    EXPECT_CLOSE( frustum.getPlane( 5 ), GeNormalizedPlane3<T>( 0, 0, 1, 10 ), T( 1e-4 ) );
-}
-
 // By the corners of the boxes in clip space. Planes are good to three digits of float: the corners of the frustum come
 // through an inverse, and through a division by their w.
 ZQ_TWIN_TEST( Frustum, AgreesWithTheClipInequalities )

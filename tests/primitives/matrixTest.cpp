@@ -13,23 +13,6 @@ namespace
 
 ZQ_TWIN_SUITE( Matrix );
 
-ZQ_TWIN_TEST( Matrix, ByHand )
-{
-    using Vector = GeVector3<T>;
-    using Point = GePoint3<T>;
-    const GeLinearMatrix3<T> m( 1, 2, 3, 0, 1, 4, 5, 6, 0 );
-    EXPECT_EQ( m * Vector( 1, 2, 3 ), Vector( 14, 14, 17 ) );
-    EXPECT_EQ( m.mulOnRight( Vector( 1, 2, 3 ) ), Vector( 16, 22, 11 ) ); // a row on the left
-    EXPECT_EQ( m.computeDeterminant(), 1 );
-    EXPECT_CLOSE( m.computeInverse(), GeLinearMatrix3<T>( -24, 18, 5, 20, -15, -4, -5, 4, 1 ), T( 1e-4 ) );
-    const GeAffineMatrix3<T> moved( m, Vector( 10, 20, 30 ) );
-    EXPECT_EQ( moved * Point( 1, 2, 3 ), Point( 24, 34, 47 ) );
-    EXPECT_EQ( moved * Vector( 1, 2, 3 ), Vector( 14, 14, 17 ) ); // a vector is not translated
-    GeProjectiveMatrix3<T> projective( moved );
-    projective( 3, 2 ) = 2;
-    EXPECT_EQ( projective * GeHomogeneousCoord3<T>( 1, 2, 3, 1 ), GeHomogeneousCoord3<T>( 24, 34, 47, 7 ) );
-}
-
 ZQ_TWIN_TEST( Matrix, LinearIsStoredByRowsTheOthersByColumnsWhateverTheyWereMadeFrom )
 {
     using ZqTest::numbersOf;

@@ -17,20 +17,6 @@ GeNormalizedPlane3<T> fit( const std::vector<GePoint3<T>>& polygon )
     return builder.getPlane();
 }
 
-ZQ_TWIN_TEST( Plane3, ByHand )
-{
-    const GePlane3<T> wall( 2, 0, 0, -2 ); // x = 1, seen from greater x
-    const GeNormalizedPlane3<T> unit( wall );
-    EXPECT_EQ( wall.computeValue( GePoint3<T>( 4, 7, 9 ) ), 6 );
-    EXPECT_EQ( unit.computeValue( GePoint3<T>( 4, 7, 9 ) ), 3 ); // in front, 3 away
-    EXPECT_EQ( unit.computeValue( GePoint3<T>( 0, 7, 9 ) ), -1 );
-    // facing the viewer who sees the corners counter-clockwise
-    EXPECT_EQ( fit<T>( { { 0, 0, 5 }, { 1, 0, 5 }, { 1, 1, 5 }, { 0, 1, 5 } } ), GeNormalizedPlane3<T>( 0, 0, 1, -5 ) );
-    T t = 0;
-    EXPECT_TRUE( unit.intersectRay( GePoint3<T>( 5, 0, 0 ), GeVector3<T>( -2, 0, 0 ), t ) );
-    EXPECT_EQ( t, 2 );
-}
-
 ZQ_TWIN_TEST( Plane3, NormalizingLeavesThePlaneInPlace )
 {
     Random random( 1 );

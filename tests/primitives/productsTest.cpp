@@ -71,24 +71,6 @@ void expectBothWays( const Factor& factor, const Operands&... operands )
     ( expectOnRight( operands ), ... );
 }
 
-ZQ_TWIN_TEST( Products, ByHand )
-{
-    const GePoint3<T> p( 1, 0, 0 );
-    const GeLinearMatrix3<T> quarterTurn( 0, -1, 0, 1, 0, 0, 0, 0, 1 ); // x goes to y
-    const GeTranslation3<T> right( 5, 0, 0 );
-    const GeScale3<T> twice( 2, 2, 2 );
-    const GeAffineMatrix3<T> turn( quarterTurn );
-    EXPECT_EQ( ( turn * ( right * GeAffineMatrix3<T>() ) ) * p, GePoint3<T>( 0, 6, 0 ) ); // the right one acts first
-    EXPECT_EQ( ( right * turn ) * p, GePoint3<T>( 5, 1, 0 ) );
-    EXPECT_EQ( right.mulOnRight( turn ) * p, GePoint3<T>( 0, 6, 0 ) );
-    EXPECT_EQ( ( twice * ( right * turn ) ) * p, GePoint3<T>( 10, 2, 0 ) );
-    const T quarter = T( 1.57079632679489662 );
-    const GeVector3<T> x( 1, 0, 0 ), y( 0, 1, 0 ), z( 0, 0, 1 );
-    EXPECT_CLOSE( GeZAxisRotation3<T>( quarter ) * x, y, T( 1e-7 ) );
-    EXPECT_CLOSE( GeXAxisRotation3<T>( quarter ) * y, z, T( 1e-7 ) );
-    EXPECT_CLOSE( GeYAxisRotation3<T>( quarter ) * z, x, T( 1e-7 ) );
-}
-
 ZQ_TWIN_TEST( Products, AreThoseOfTheFullMatrices )
 {
     Random random( 40 );

@@ -1,19 +1,17 @@
+#include "support/cameras.h"
 #include "support/prelude.h"
-
-#include <zq/primitives/geCameraBuilder.h>
-#include <zq/primitives/geProjectionBuilder.h>
 
 namespace
 {
 
 ZQ_TWIN_SUITE( ProjectionBuilder );
 
-using Number = long double;
+using ZqTest::farDepths;
+using ZqTest::Lens;
+using ZqTest::nearDepths;
+using ZqTest::Number;
+using ZqTest::ranges;
 using Clip = std::array<Number, 4>;
-
-constexpr GeDepthRange ranges[] = {
-    GeDepthRange::MINUS_ONE_TO_ONE, GeDepthRange::ZERO_TO_ONE, GeDepthRange::ONE_TO_ZERO };
-constexpr Number nearDepths[] = { -1, 0, 1 }, farDepths[] = { 1, 1, 0 };
 
 /// The elements as they are, times a point, divided by w, which comes last.
 template <class T>
@@ -23,41 +21,6 @@ Clip project( const GeProjectiveMatrix3<T>& m, Number x, Number y, Number z )
     for ( int row = 0; row < 4; ++row )
         clip[static_cast<std::size_t>( row )] = m( row, 0 ) * x + m( row, 1 ) * y + m( row, 2 ) * z + m( row, 3 );
     return { clip[0] / clip[3], clip[1] / clip[3], clip[2] / clip[3], clip[3] };
-}
-
-template <class T>
-struct Lens
-{
-    explicit Lens( Random& random )
-        : left( random.uniform<T>( -2, T( 0.5 ) ) ), right( left + random.uniform<T>( 1, 2 ) ),
-          bottom( random.uniform<T>( -2, T( 0.5 ) ) ), top( bottom + random.uniform<T>( 1, 2 ) ),
-          nearDistance( random.uniform<T>( T( 0.1 ), 2 ) ),
-          farDistance( nearDistance * std::pow( T( 10 ), random.uniform<T>( T( 0.1 ), 6 ) ) )
-    {
-    }
-    GeProjectiveMatrix3<T> makePerspective( GeDepthRange range ) const
-    {
-        return GeProjectionBuilder<T>::makePerspectiveFromTangents(
-            left, right, bottom, top, nearDistance, farDistance, range );
-    }
-    GeProjectiveMatrix3<T> makeOrthographic( GeDepthRange range ) const
-    {
-        return GeProjectionBuilder<T>::makeOrthographicFromEdges(
-            left, right, bottom, top, nearDistance, farDistance, range );
-    }
-
-    T left, right, bottom, top, nearDistance, farDistance;
-};
-
-ZQ_TWIN_TEST( ProjectionBuilder, ByHand )
-{
-    using Builder = GeProjectionBuilder<T>;
-    const double reversed[4][4] = { { 2, 0, 3, 0 }, { 0, 1, 0, 0 }, { 0, 0, 0.5, 1.5 }, { 0, 0, -1, 0 } };
-    const auto m = Builder::makePerspectiveFromNearEdges( 1, 2, -1, 1, 1, 3, GeDepthRange::ONE_TO_ZERO );
-    EXPECT_EQ( m, GeProjectiveMatrix3<T>( reversed, false ) );
-    const double down[4][4] = { { 1, 0, 0, -3 }, { 0, -0.5, 0, 0 }, { 0, 0, -0.25, 0.25 }, { 0, 0, 0, 1 } };
-    const auto shadow = Builder::makeOrthographicFromEdges( 2, 4, -2, 2, -1, 3, GeDepthRange::ZERO_TO_ONE );
-    EXPECT_EQ( Builder::makeYDown( shadow ), GeProjectiveMatrix3<T>( down, false ) );
 }
 
 // Each of the eight corners, from the edges on the near plane and from those of an orthographic view; far / near to 1e6
@@ -83,6 +46,8 @@ ZQ_TWIN_TEST( ProjectionBuilder, CornersOfTheVolumeBecomeThoseOfTheRange )
                 EXPECT_NEAR( double( clip[2] ), double( depth ), depthTolerance ) << "corner " << corner;
             }
             EXPECT_EQ( project( perspective, x * t, y * t, -t )[3], t );
+            EXPECT_EQ( project( GeProjectionBuilder<T>::makeYDown( orthographic ), x, y, -t )[1],
+                -project( orthographic, x, y, -t )[1] );
         }
     }
 }
@@ -126,10 +91,6 @@ ZQ_TWIN_TEST( ProjectionBuilder, AnglesEdgesAndTangentsMeanTheSameCamera )
         EXPECT_CLOSE( edges,
             Builder::makePerspectiveFromTangents( lens.left, lens.right, lens.bottom, lens.top, n, f, range ),
             64 * epsilon<T> * ( 1 + n ) );
-        if ( range == GeDepthRange::MINUS_ONE_TO_ONE )
-        {
-            EXPECT_CLOSE( vertical, GeCameraBuilder<T>::makePerspective( angle, n, f, aspect ), tolerance );
-        }
     }
 }
 

@@ -53,27 +53,6 @@ GeQuaternion3<T> join( const GeVector3<T>& v, Real length, Real w )
 
 ZQ_TWIN_SUITE( Quaternion3 );
 
-ZQ_TWIN_TEST( Quaternion3, ByHand )
-{
-    using Q = GeQuaternion3<T>;
-    using Vector = GeVector3<T>;
-    const T quarter = T( PI / 2 ), half = T( 0.70710678118654752 ), bound = 4 * epsilon<T>;
-    const Vector x( 1, 0, 0 ), y( 0, 1, 0 ), z( 0, 0, 1 );
-    const Q aboutZ = Q::makeRotation( z, quarter ), aboutX = Q::makeRotation( x, quarter );
-    EXPECT_CLOSE( aboutZ, Q( 0, 0, half, half ), bound ); // x, y, z, then w
-    EXPECT_CLOSE( aboutZ * x, y, bound );
-    EXPECT_CLOSE( aboutX * aboutZ * x, z, bound ); // the right factor first
-    EXPECT_CLOSE( Q::slerp( Q(), aboutZ, T( 0.5 ), 0 ), Q::makeRotation( z, quarter / 2 ), bound );
-    // a1 about x, then a2 about y, then a3 about z: heading a3, if x points forwards and z up
-    Q q;
-    q.setEuler( Q::EULER_XYZ_STATIC, 0, 0, quarter );
-    EXPECT_CLOSE( q, aboutZ, bound );
-    q.setEuler( Q::EULER_XYZ_STATIC, quarter, 0, quarter );
-    EXPECT_CLOSE( q, aboutZ * aboutX, bound );
-    q.aim( x, y );
-    EXPECT_CLOSE( q, aboutZ, bound );
-}
-
 ZQ_TWIN_TEST( Quaternion3, FormsOfOneRotationAgree )
 {
     using Q = GeQuaternion3<T>;

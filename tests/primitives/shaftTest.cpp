@@ -47,16 +47,6 @@ Point randomPointIn( Random& random, const Box& box, float around )
     return p;
 }
 
-TEST( Shaft, ByHand )
-{
-    const GeShaft shaft( Box( Point( 0, 0, 0 ), Point( 1, 1, 1 ) ), Box( Point( 4, 4, 0 ), Point( 5, 5, 1 ) ) );
-    EXPECT_TRUE( shaft.contains( Point( 2.5F, 2.5F, 0.5F ) ) ); // on the way
-    EXPECT_FALSE( shaft.contains( Point( 4, 1, 0.5F ) ) );      // in the extent, but beside the way
-    EXPECT_EQ( shaft.overlaps( Box( Point( 2, 2, 0 ), Point( 3, 3, 1 ) ) ), I::INSIDE );
-    EXPECT_EQ( shaft.overlaps( Box( Point( 4, 0, 0 ), Point( 5, 1, 1 ) ) ), I::OUTSIDE );
-    EXPECT_EQ( shaft.overlaps( Box( Point( 2, 0, 0 ), Point( 3, 3, 1 ) ) ), I::OVERLAP );
-}
-
 // Which regions there are -----------------------------------------------------------------------------------------
 
 /// Whether a point lies in the convex hull of two boxes seen along an axis, grown by a slack: in one of the boxes on the

@@ -7,19 +7,6 @@ namespace
 
 ZQ_TWIN_SUITE( Sphere3 );
 
-ZQ_TWIN_TEST( Sphere3, ByHand )
-{
-    const GeSphere3<T> sphere( GePoint3<T>( 0, 0, 0 ), 1 );
-    T enters = 0, leaves = 0;
-    EXPECT_TRUE( sphere.intersectRay( GePoint3<T>( 5, 0, 0 ), GeVector3<T>( 2, 0, 0 ), enters, leaves ) );
-    EXPECT_EQ( enters, -3 ); // a whole line, in lengths of its direction
-    EXPECT_EQ( leaves, -2 );
-    EXPECT_FALSE( sphere.intersectRay( GePoint3<T>( 5, 2, 0 ), GeVector3<T>( 2, 0, 0 ), enters, leaves ) );
-    GePoint3<T> closest;
-    EXPECT_TRUE( sphere.getClosestPoint( GePoint3<T>( -5, 3, 0 ), GeVector3<T>( 1, 0, 0 ), closest ) );
-    EXPECT_EQ( closest, GePoint3<T>( 0, 1, 0 ) );
-}
-
 ZQ_TWIN_TEST( Sphere3, RootsLieOnTheSphereAndClosestPointsTowardsTheLine )
 {
     Random random( 1 );

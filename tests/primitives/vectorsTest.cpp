@@ -124,22 +124,6 @@ void expectLengthsAnglesAndReflections()
 
 ZQ_TWIN_SUITE( Vectors );
 
-ZQ_TWIN_TEST( Vectors, ByHand )
-{
-    using Vector = GeVector3<T>;
-    const Vector x( 1, 0, 0 ), y( 0, 1, 0 ), v( 2, 3, 6 );
-    EXPECT_EQ( x.cross( y ), Vector( 0, 0, 1 ) ); // right-handed
-    EXPECT_EQ( v.dot( Vector( 1, 2, -1 ) ), 2 );
-    EXPECT_EQ( v.length(), 7 );
-    EXPECT_EQ( GePoint3<T>( 1, 2, 3 ) + v, GePoint3<T>( 3, 5, 9 ) );
-    EXPECT_EQ( GePoint3<T>( 3, 5, 9 ) - GePoint3<T>( 1, 2, 3 ), v );
-    EXPECT_CLOSE( GeUnitVector3<T>( 3, 0, 4 ), GeUnitVector3<T>( T( 0.6 ), 0, T( 0.8 ) ), 2 * epsilon<T> );
-    EXPECT_NEAR( double( x.computeAngle( y ) ), 1.57079632679, 1e-6 );
-    const GeVector2<T> east( 2, 0 );
-    EXPECT_EQ( east.computePerpendicular(), GeVector2<T>( 0, 2 ) ); // counter-clockwise
-    EXPECT_EQ( east.cross( GeVector2<T>( 1, 3 ) ), 6 );
-}
-
 /// Which of a positive and a negative zero is the smaller one: neither, and the first is taken.
 template <class T, class Value>
 void expectFirstOfEqualZeros()

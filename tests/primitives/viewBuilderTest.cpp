@@ -16,15 +16,6 @@ void expectRotation( const GeLinearMatrix3<T>& m )
     EXPECT_GT( m.computeDeterminant(), T( 0 ) );
 }
 
-ZQ_TWIN_TEST( ViewBuilder, ByHand )
-{
-    const GeAffineMatrix3<T> view = GeViewBuilder<T>::makeView( { 7, 2, 0 }, { 3, 2, 0 }, { 5, 5, 0 } );
-    EXPECT_EQ( view * GePoint3<T>( 7, 2, 0 ), GePoint3<T>( 0, 0, 0 ) );
-    EXPECT_EQ( view * GePoint3<T>( 3, 2, 0 ), GePoint3<T>( 0, 0, -4 ) );
-    EXPECT_EQ( view * GePoint3<T>( 7, 3, 0 ), GePoint3<T>( 0, 1, 0 ) );
-    EXPECT_EQ( view * GePoint3<T>( 7, 2, -1 ), GePoint3<T>( 1, 0, 0 ) );
-}
-
 // Lengths whose squares leave the range of T, and of double
 ZQ_TWIN_TEST( ViewBuilder, SeesTheTargetAheadAndUpUpwards )
 {

@@ -1,7 +1,6 @@
+#include "support/cameras.h"
 #include "support/prelude.h"
 
-#include <zq/primitives/geProjectionBuilder.h>
-#include <zq/primitives/geViewBuilder.h>
 #include <zq/primitives/geViewport.h>
 
 namespace
@@ -9,58 +8,30 @@ namespace
 
 ZQ_TWIN_SUITE( Viewport );
 
-using Number = long double;
+using ZqTest::Number;
+using ZqTest::ranges;
 
-constexpr GeDepthRange ranges[] = {
-    GeDepthRange::MINUS_ONE_TO_ONE, GeDepthRange::ZERO_TO_ONE, GeDepthRange::ONE_TO_ZERO };
-
-ZQ_TWIN_TEST( Viewport, ByHand )
-{
-    const auto projection =
-        GeProjectionBuilder<T>::makePerspectiveFromTangents( -2, 2, -1, 1, 1, 3, GeDepthRange::ZERO_TO_ONE );
-    const GeAffineMatrix3<T> view;
-    const GeViewport<T> down( projection, view, 4, 2, GeImageRows::FROM_PLUS_ONE );
-    const GeViewport<T> up( projection, view, 4, 2, GeImageRows::FROM_MINUS_ONE );
-    GePoint3<T> image, origin;
-    GeVector3<T> direction;
-    EXPECT_TRUE( down.project( { -3, 1, -2 }, image ) );
-    EXPECT_EQ( image, GePoint3<T>( T( 0.5 ), T( 0.5 ), T( 0.75 ) ) ); // the pixel to the left in the upper row
-    EXPECT_TRUE( up.project( { -3, 1, -2 }, image ) );
-    EXPECT_EQ( image, GePoint3<T>( T( 0.5 ), T( 1.5 ), T( 0.75 ) ) );
-    down.computePixelRay( 0, 0, origin, direction );
-    EXPECT_EQ( origin, GePoint3<T>() );
-    EXPECT_EQ( direction, GeVector3<T>( T( -1.5 ), T( 0.5 ), -1 ) );
-    up.computeRay( 4, 0, origin, direction );
-    EXPECT_EQ( direction, GeVector3<T>( 2, -1, -1 ) );
-}
-
-/// A camera at far / near of 10 to 1e6, moved and turned, with an image.
+/// A camera of any kind, moved and turned, with an image.
 template <class T>
 struct Studio
 {
     Studio( Random& random, int run )
-        : eye( random.point<T>( 100 ) ),
-          view( GeViewBuilder<T>::makeViewAlong( eye, random.direction<T>(), random.direction<T>() ) ),
-          nearDistance( random.uniform<T>( T( 0.05 ), 1 ) ),
-          farDistance( nearDistance * std::pow( T( 10 ), T( 1 + run % 6 ) ) ), range( ranges[run % 3] ),
+        : lens( random ), view( ZqTest::makeView( random, T( 100 ) ) ), range( ranges[run % 3] ),
           width( 1 + random.index( 4000 ) ), height( 1 + random.index( 3000 ) ),
           rows( run % 2 ? GeImageRows::FROM_PLUS_ONE : GeImageRows::FROM_MINUS_ONE )
     {
-        const T left = random.uniform<T>( T( -1.5 ), T( -0.5 ) ), down = random.uniform<T>( -1, T( 0.2 ) );
-        using P = GeProjectionBuilder<T>;
-        projection = run % 7 == 6
-            ? P::makeOrthographicFromEdges( left, left + 2, down, down + 1, nearDistance, farDistance, range )
-            : P::makePerspectiveFromTangents( left, left + 2, down, down + 1, nearDistance, farDistance, range );
+        using Builder = GeProjectionBuilder<T>;
+        projection = run % 7 == 6 ? lens.makeOrthographic( range ) : lens.makePerspective( range );
         if ( run % 7 == 5 )
-            projection = P::makeOblique( projection, { { T( 0.2 ), T( 0.1 ), -1 }, T( -1.5 ) * nearDistance }, range );
+            projection = Builder::makeOblique(
+                projection, { { T( 0.2 ), T( 0.1 ), -1 }, T( -1.5 ) * lens.nearDistance }, range );
         if ( run % 5 == 4 )
-            projection = P::makeYDown( projection );
+            projection = Builder::makeYDown( projection );
     }
     GeViewport<T> makeViewport() const { return { projection, view, width, height, rows }; }
 
-    GePoint3<T> eye;
+    ZqTest::Lens<T> lens;
     GeAffineMatrix3<T> view;
-    T nearDistance, farDistance;
     GeDepthRange range;
     int width, height;
     GeImageRows rows;
@@ -109,7 +80,7 @@ ZQ_TWIN_TEST( Viewport, UnprojectIsWithinOneUnitInTheLastPlaceOfFloat )
             continue;
         ++nbPoints;
         const auto expected = unprojectByEquations( studio, image );
-        Number largest = GeVector3<T>( studio.eye ).computeMaxAbs();
+        Number largest = studio.view.getTranslation().computeMaxAbs();
         for ( const Number coordinate : expected )
             largest = std::max( largest, std::fabs( coordinate ) );
         const T size = T( largest ), unit = size - std::nextafter( size, T( 0 ) );
