@@ -56,64 +56,39 @@ ZQ_TWIN_TEST( Color, ConversionsAgreeWithALongDoubleReference )
     EXPECT_EQ( hsv.convertToRgb(), CoRgbColorT<T>( 1, 0, 0 ) );
 }
 
-ZQ_TWIN_TEST( Color, HuesAreTurnedBitForBitAsInSingleSteps )
-{
-    Random random( 2 );
-    for ( const auto i : random.runs( 3000 ) )
-    {
-        const T turns = T( 60 * ( random.index( 34000 ) - 17000 ) ), largest = std::numeric_limits<T>::max();
-        for ( const T hue : { turns, std::nextafter( turns, largest ), std::nextafter( turns, -largest ),
-                  random.uniform<T>( -1e6, 1e6 ), T( -1e-9 ), -std::numeric_limits<T>::denorm_min() } )
-        {
-            // takes forever, or has no end, for a large one
-            T turned = hue;
-            while ( turned < 0 )
-                turned += 360;
-            while ( turned >= 360 )
-                turned -= 360;
-            EXPECT_EQ( CoHsvColorT<T>( hue, T( 0.7 ), T( 0.9 ) ).convertToRgb(),
-                CoHsvColorT<T>( turned, T( 0.7 ), T( 0.9 ) ).convertToRgb() )
-                << hue;
-        }
-    }
-}
-
-// Between these two powers a single turn is rounded: below, 360 is a multiple of the hue's last place; beyond, the turns
-// never end. In between it must not matter whether a caller makes the first turn.
-ZQ_TWIN_TEST( Color, LargeHuesAreTurnedWithTheRoundingOfSingleSteps )
+// It must not matter whether a caller makes the first turn. Up to the smaller of two powers it is exact: 360 is a multiple
+// of the hue's last place. Up to the larger one it is rounded; beyond, the turns never end.
+ZQ_TWIN_TEST( Color, HuesAreTurnedWithTheRoundingOfSingleSteps )
 {
     constexpr int digits = std::numeric_limits<T>::digits;
     const auto convert = []( T hue ) { return CoHsvColorT<T>( hue, T( 0.7 ), T( 0.9 ) ).convertToRgb(); };
     const auto expectOneTurnToBeFree = [&]( T hue )
     {
-        EXPECT_EQ( convert( hue ), convert( hue - 360 ) ) << hue;
+        if ( hue >= 360 )
+        {
+            EXPECT_EQ( convert( hue ), convert( hue - 360 ) ) << hue;
+        }
         EXPECT_EQ( convert( -hue ), convert( 360 - hue ) ) << hue;
     };
-    const T last = std::ldexp( T( 1 ), digits + 9 ), first = std::ldexp( T( 1 ), digits + 3 );
+    const T last = std::ldexp( T( 1 ), digits + 9 ), largest = std::numeric_limits<T>::max();
     Random random( 3 );
-    for ( T power = last; power >= first; power /= 2 )
+    for ( T power = last; power >= 1; power /= 2 )
     {
+        const T multiple = power * T( 1.40625 ); // at times a whole number of turns
         T hue = power;
         for ( int i = 0; i < 20; ++i, hue = std::nextafter( hue, T( 0 ) ) )
             expectOneTurnToBeFree( hue );
+        for ( const T other : { multiple, std::nextafter( multiple, T( 0 ) ), std::nextafter( multiple, largest ) } )
+            expectOneTurnToBeFree( std::min( other, last ) );
         for ( const auto run : random.runs( 300 ) )
             expectOneTurnToBeFree( power * random.uniform<T>( T( 0.5 ), 1 ) );
     }
-    const T beyond = std::nextafter( last, 2 * last );
+    expectOneTurnToBeFree( std::numeric_limits<T>::denorm_min() );
+    const T beyond = std::nextafter( last, largest );
     EXPECT_EQ( beyond - 360, beyond );
     EXPECT_EQ( convert( beyond ), convert( std::fmod( beyond, T( 360 ) ) ) );
     EXPECT_EQ( convert( -beyond ), convert( 360 - std::fmod( beyond, T( 360 ) ) ) );
-    EXPECT_EQ( convert( -std::numeric_limits<T>::max() ),
-        convert( 360 - std::fmod( std::numeric_limits<T>::max(), T( 360 ) ) ) );
-}
-
-TEST( ColorTurns, TheLargestHueWithAnEndIsFollowedThere )
-{
-    float turned = 8589934592.0F;
-    while ( turned >= 360 ) // 23 million steps
-        turned -= 360;
-    EXPECT_EQ(
-        CoHsvColorT<float>( 8589934592.0F, 1, 1 ).convertToRgb(), CoHsvColorT<float>( turned, 1, 1 ).convertToRgb() );
+    EXPECT_EQ( convert( -largest ), convert( 360 - std::fmod( largest, T( 360 ) ) ) );
 }
 
 ZQ_TWIN_TEST( Color, MeasuresClampAndGamma )
