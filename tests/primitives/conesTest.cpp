@@ -58,14 +58,11 @@ GeAnchoredCone fit( const std::vector<Point>& points, const GeFloatingCone& cone
 template <class Cone>
 void expectComparisonLooksAtAllBut( std::size_t nbIgnored, const Cone& cone )
 {
-    const auto numbers = ZqTest::numbersOf<float>( cone );
-    for ( std::size_t i = 0; i < numbers.size(); ++i )
+    constexpr std::size_t count = sizeof cone / sizeof( float );
+    for ( std::size_t i = 0; i < count; ++i )
     {
-        auto changed = numbers;
-        changed[i] += 0.25F;
-        Cone moved = cone;
-        std::memcpy( static_cast<void*>( &moved ), changed.data(), sizeof moved );
-        const bool isLast = i + 1 == numbers.size();
+        const Cone moved = ZqTest::withChange( cone, i, 0.25F );
+        const bool isLast = i + 1 == count;
         EXPECT_EQ( moved == cone, i < nbIgnored ) << i;
         EXPECT_CLOSE( moved, cone, isLast ? 0.001F : 0.26F, isLast ? 0.26F : 0.001F ) << i;
         EXPECT_EQ( moved.isEqual( cone, 0.25F, 0.25F ), i < nbIgnored ) << i;

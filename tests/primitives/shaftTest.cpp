@@ -1,5 +1,5 @@
-#include "support/bits.h"
 #include "support/collectingTraceManager.h"
+#include "support/prelude.h"
 
 #include <zq/primitives/geShaft.h>
 
@@ -171,27 +171,14 @@ TEST( Shaft, BoxAnswersAgreeWithPointsOfTheBox )
 
 // State, comparison, text ----------------------------------------------------------------------------------------
 
-TEST( Shaft, UninitialisedIsEmptyAndInitialisingReplacesEverything )
-{
-    GeShaft shaft;
-    const Box all( { -9, 9 }, { -9, 9 }, { -9, 9 } );
-    EXPECT_TRUE( shaft.getRefBox1().isEmpty() );
-    EXPECT_TRUE( shaft.getRefBox2().isEmpty() );
-    EXPECT_TRUE( shaft.getExtentBox().isEmpty() );
-    EXPECT_EQ( shaft.overlaps( all ), I::OUTSIDE );
-    EXPECT_EQ( shaft.overlapsExclude( all ), I::OUTSIDE );
-    shaft.initialize( Box( { -5, 5 }, { -1, 1 }, { -1, 1 } ), Box( { -1, 1 }, { -5, 5 }, { -5, 5 } ) );
-    EXPECT_EQ( planesOf( shaft ).size(), 8U );
-    shaft.initialize( Box( { 0, 1 }, { 0, 1 }, { 0, 0 } ), Box( { 2, 3 }, { 2, 3 }, { 0, 0 } ) );
-    EXPECT_EQ( shaft, makeDiagonal() );
-}
-
-TEST( Shaft, UninitialisedIsContainedByTheBoxesOfAllNumbersAlone )
+TEST( Shaft, UninitialisedIsEmptyAndContainedByTheBoxesOfAllNumbersAlone )
 {
     const float largest = std::numeric_limits<float>::max(), infinity = std::numeric_limits<float>::infinity();
     const I all( -largest, largest ), beyond( -infinity, infinity ),
         almost( -largest, std::nextafter( largest, 0.0F ) );
     const GeShaft shaft;
+    for ( const Box& box : { shaft.getRefBox1(), shaft.getRefBox2(), shaft.getExtentBox() } )
+        EXPECT_TRUE( box.isEmpty() );
     using Row = std::tuple<Box, I::Containment, I::Containment>;
     for ( const auto& [box, closed, open] : {
               Row{ { all, all, all }, I::CONTAIN, I::OUTSIDE },
@@ -226,9 +213,7 @@ TEST( Shaft, ComparisonLooksAtBoxesAndPlanes )
     const GeShaft shaft = makeDiagonal();
     for ( std::size_t i = 0; i < 3 * 6 + 2 * 4; ++i )
     {
-        auto numbers = ZqTest::numbersOf<float>( shaft );
-        numbers[i] += 0.25F;
-        const auto other = ZqTest::copyAs<GeShaft>( numbers );
+        const GeShaft other = ZqTest::withChange( shaft, i, 0.25F );
         EXPECT_NE( shaft, other ) << i;
         EXPECT_TRUE( isEqual( shaft, other, 0.26F ) ) << i;
         EXPECT_FALSE( isEqual( shaft, other, 0.24F ) ) << i;

@@ -18,6 +18,16 @@ auto numbersOf( const Value& value )
     return numbers;
 }
 
+/// The value with one of its numbers changed.
+template <class T, class Value>
+Value withChange( Value value, std::size_t index, T amount )
+{
+    auto numbers = numbersOf<T>( value );
+    numbers[index] += amount;
+    std::memcpy( static_cast<void*>( &value ), numbers.data(), sizeof value );
+    return value;
+}
+
 } // namespace ZqTest
 
 #endif
