@@ -80,17 +80,13 @@ double logarithmic( Random& random, double lower, double upper )
 GeProjectiveMatrix3<float> makeProjection( Random& random, Family family, GeDepthRange range, const Camera& camera )
 {
     using Builder = GeProjectionBuilder<float>;
-    float edges[4];
-    for ( int i = 0; i < 4; ++i )
-        edges[i] = static_cast<float>( camera.edges[i] );
+    const auto edge = [&]( int i ) { return static_cast<float>( camera.edges[i] ); };
     const float nearDistance = static_cast<float>( camera.nearDistance );
     const float farDistance =
         family == INFINITE ? std::numeric_limits<float>::infinity() : static_cast<float>( camera.farDistance );
-    if ( family == ORTHOGRAPHIC )
-        return Builder::makeOrthographicFromEdges(
-            edges[0], edges[1], edges[2], edges[3], nearDistance, farDistance, range );
-    const GeProjectiveMatrix3<float> projection = Builder::makePerspectiveFromTangents(
-        edges[0], edges[1], edges[2], edges[3], nearDistance, farDistance, range );
+    const auto make =
+        family == ORTHOGRAPHIC ? Builder::makeOrthographicFromEdges : Builder::makePerspectiveFromTangents;
+    const auto projection = make( edge( 0 ), edge( 1 ), edge( 2 ), edge( 3 ), nearDistance, farDistance, range );
     if ( family == UPSIDE_DOWN )
         return Builder::makeYDown( projection );
     if ( family != OBLIQUE )
@@ -184,14 +180,13 @@ GeAlignedBox3<float> makeBox( Random& random, const Camera& camera, Family famil
     return { corners[0], corners[1] };
 }
 
-/// Nothing where the frustum does not fit the camera, or reports that it cannot be made.
-std::optional<GeFrustum<float>> makeFrustum( const Camera& camera, GeDepthRange range )
+/// What a call makes, or nothing where it reports: an oblique plane or a matrix that no camera or frustum can have.
+template <class Make>
+auto makeOrNothing( const Make& make ) -> std::optional<decltype( make() )>
 {
-    if ( range != GeDepthRange::MINUS_ONE_TO_ONE )
-        return std::nullopt;
     try
     {
-        return GeFrustum<float>( camera.matrix );
+        return make();
     }
     catch ( const AssertionException& )
     {
@@ -199,71 +194,47 @@ std::optional<GeFrustum<float>> makeFrustum( const Camera& camera, GeDepthRange 
     }
 }
 
-class Writer
+void write( std::ostream& out, const Camera& camera, const GeAlignedBox3<float>& box, Record record )
 {
-public:
-    Writer( unsigned seed, const char* file ) : _random( seed ), _out( file, std::ios::binary )
+    for ( int i = 0; i < 16; ++i )
+        record.matrix[i] = camera.matrix( i % 4, i / 4 );
+    for ( int axis = 0; axis < 3; ++axis )
     {
-        _out << names << '\n';
+        record.lower[axis] = box.getInterval( axis ).min;
+        record.upper[axis] = box.getInterval( axis ).max;
     }
+    out.write( reinterpret_cast<const char*>( &record ), sizeof record );
+}
 
-    /// False when there are too few boxes outside.
-    bool write( Family family, std::size_t range, std::size_t ratio, int nbOutside )
+/// Cases of a family, range and ratio. False when there are too few boxes outside.
+bool write( std::ostream& out, Random& random, Family family, std::size_t range, std::size_t ratio, int nbOutside )
+{
+    // what is neither outside is drawn as well, some of it, to see that drawing works
+    int nbLeft = nbOutside, nbKeptLeft = ( nbOutside + 15 ) / 16;
+    for ( int tries = 0; nbLeft > 0 && tries < nbOutside + 1000; ++tries )
     {
-        // what is neither outside is drawn as well, some of it, to see that drawing works
-        int nbLeft = nbOutside, nbKeptLeft = ( nbOutside + 15 ) / 16;
-        for ( int tries = 0; nbLeft > 0 && tries < nbOutside + 1000; ++tries )
+        const auto camera = makeOrNothing( [&] { return makeCamera( random, family, ranges[range], ratios[ratio] ); } );
+        if ( !camera )
+            continue;
+        const GeViewVolume<float> volume( camera->matrix, ranges[range] );
+        std::optional<GeFrustum<float>> frustum; // of the range that it takes
+        if ( ranges[range] == GeDepthRange::MINUS_ONE_TO_ONE )
+            frustum = makeOrNothing( [&] { return GeFrustum<float>( camera->matrix ); } );
+        for ( int i = 0; i < 16 && nbLeft > 0; ++i )
         {
-            const std::optional<Camera> camera = makeCameraOrNothing( family, ranges[range], ratios[ratio] );
-            if ( !camera )
-                continue;
-            const GeViewVolume<float> volume( camera->matrix, ranges[range] );
-            const std::optional<GeFrustum<float>> frustum = makeFrustum( *camera, ranges[range] );
-            for ( int i = 0; i < 16 && nbLeft > 0; ++i )
-            {
-                const GeAlignedBox3<float> box = makeBox( _random, *camera, family, ranges[range] );
-                const int verdict = volume.classify( box );
-                const int verdictOfFrustum = frustum ? frustum->classify( box ) : 0;
-                const bool isOutside = verdict == GeViewVolume<float>::VIEW_OUTSIDE;
-                nbLeft -= isOutside;
-                if ( isOutside || verdictOfFrustum == GeFrustum<float>::FRUSTUM_OUTSIDE || nbKeptLeft-- > 0 )
-                    write( *camera, box,
-                        { {}, {}, {}, std::uint8_t( family ), std::uint8_t( range ), std::uint8_t( ratio ),
-                            std::uint8_t( verdict ), std::uint8_t( verdictOfFrustum ), {} } );
-            }
-        }
-        return nbLeft == 0;
-    }
-    bool finish() { return bool( _out.flush() ); }
-
-private:
-    std::optional<Camera> makeCameraOrNothing( Family family, GeDepthRange range, double ratio )
-    {
-        try
-        {
-            return makeCamera( _random, family, range, ratio );
-        }
-        catch ( const AssertionException& ) // an oblique plane that no camera can have
-        {
-            return std::nullopt;
+            const GeAlignedBox3<float> box = makeBox( random, *camera, family, ranges[range] );
+            const int verdict = volume.classify( box );
+            const int verdictOfFrustum = frustum ? frustum->classify( box ) : 0;
+            const bool isOutside = verdict == GeViewVolume<float>::VIEW_OUTSIDE;
+            nbLeft -= isOutside;
+            if ( isOutside || verdictOfFrustum == GeFrustum<float>::FRUSTUM_OUTSIDE || nbKeptLeft-- > 0 )
+                write( out, *camera, box,
+                    { {}, {}, {}, std::uint8_t( family ), std::uint8_t( range ), std::uint8_t( ratio ),
+                        std::uint8_t( verdict ), std::uint8_t( verdictOfFrustum ), {} } );
         }
     }
-
-    void write( const Camera& camera, const GeAlignedBox3<float>& box, Record record )
-    {
-        for ( int i = 0; i < 16; ++i )
-            record.matrix[i] = camera.matrix( i % 4, i / 4 );
-        for ( int axis = 0; axis < 3; ++axis )
-        {
-            record.lower[axis] = box.getInterval( axis ).min;
-            record.upper[axis] = box.getInterval( axis ).max;
-        }
-        _out.write( reinterpret_cast<const char*>( &record ), sizeof record );
-    }
-
-    Random _random;
-    std::ofstream _out;
-};
+    return nbLeft == 0;
+}
 
 std::optional<int> parseNumber( const std::string& digits )
 {
@@ -283,17 +254,19 @@ int main( int argc, char** argv )
         std::cerr << "usage: zq_raster_cases BOXES SEED FILE, with numbers of up to 7 digits\n";
         return 2;
     }
-    Writer writer( static_cast<unsigned>( *seed ), argv[3] );
+    Random random( static_cast<unsigned>( *seed ) );
+    std::ofstream out( argv[3], std::ios::binary );
+    out << names << '\n';
     for ( int family = 0; family < NB_FAMILIES; ++family )
         for ( std::size_t range = 0; range < ranges.size(); ++range )
             for ( std::size_t ratio = 0; ratio < ratios.size(); ++ratio )
-                if ( !writer.write( static_cast<Family>( family ), range, ratio, *nbOutside ) )
+                if ( !write( out, random, static_cast<Family>( family ), range, ratio, *nbOutside ) )
                 {
                     std::cerr << "zq_raster_cases: too few boxes outside in family " << family << ", range " << range
                               << ", ratio " << ratios[ratio] << '\n';
                     return 1;
                 }
-    if ( !writer.finish() )
+    if ( !out.flush() )
     {
         std::cerr << "zq_raster_cases: " << argv[3] << " cannot be written\n";
         return 1;
