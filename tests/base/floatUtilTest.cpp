@@ -29,18 +29,4 @@ ZQ_TWIN_TEST( FloatUtilTwins, ToleranceIsStrictAndNaNIsNeverEqual )
     EXPECT_FALSE( FloatUtil::isEqual( infinity, -infinity ) );
 }
 
-ZQ_TWIN_TEST( FloatUtilTwins, FunctionsStayInTheirScalar )
-{
-    static_assert( std::is_same_v<decltype( FloatUtil::sqrt( T( 2 ) ) ), T> );
-    static_assert( std::is_same_v<decltype( FloatUtil::pow( T( 2 ), T( 2 ) ) ), T> );
-    const T angle = T( 0.7 ), sine = FloatUtil::sin( angle ), cosine = FloatUtil::cos( angle );
-    EXPECT_TRUE( std::isnan( FloatUtil::sqrt( T( -1 ) ) ) );
-    EXPECT_FALSE( std::signbit( FloatUtil::abs( T( -0.0 ) ) ) );
-    EXPECT_EQ( FloatUtil::pow( T( 2 ), T( 10 ) ), T( 1024 ) );
-    EXPECT_EQ( FloatUtil::floor( T( -1.5 ) ), T( -2 ) );
-    EXPECT_TRUE( FloatUtil::isEqual( FloatUtil::tan( angle ), sine / cosine ) );
-    for ( const T found : { FloatUtil::atan2( sine, cosine ), FloatUtil::acos( cosine ) } )
-        EXPECT_TRUE( FloatUtil::isEqual( found, angle ) );
-}
-
 } // namespace

@@ -13,31 +13,6 @@ namespace
 
 ZQ_TWIN_SUITE( Matrix );
 
-ZQ_TWIN_TEST( Matrix, LinearIsStoredByRowsTheOthersByColumnsWhateverTheyWereMadeFrom )
-{
-    using ZqTest::numbersOf;
-    const std::array<T, 9> linear = { 1, 2, 3, 5, 6, 7, 9, 10, 11 };
-    const std::array<T, 16> affine = { 1, 5, 9, 0, 2, 6, 10, 0, 3, 7, 11, 0, 4, 8, 12, 1 };
-    const std::array<T, 16> projective = { 1, 5, 9, 13, 2, 6, 10, 14, 3, 7, 11, 15, 4, 8, 12, 16 };
-    const double rows[4][4] = { { 1, 2, 3, 4 }, { 5, 6, 7, 8 }, { 9, 10, 11, 12 }, { 13, 14, 15, 16 } };
-    const float columns[4][4] = { { 1, 5, 9, 13 }, { 2, 6, 10, 14 }, { 3, 7, 11, 15 }, { 4, 8, 12, 16 } };
-    const GeLinearMatrix3<T> l( GeVector3<T>( 1, 2, 3 ), GeVector3<T>( 5, 6, 7 ), GeVector3<T>( 9, 10, 11 ) );
-    const GeAffineMatrix3<T> a( l, GeVector3<T>( 4, 8, 12 ) );
-    const GeProjectiveMatrix3<T> p( rows, false );
-    EXPECT_EQ( numbersOf<T>( l ), linear );
-    EXPECT_EQ( numbersOf<T>( GeLinearMatrix3<T>( 1, 2, 3, 5, 6, 7, 9, 10, 11 ) ), linear );
-    for ( const auto& made : { a, GeAffineMatrix3<T>( rows, false ), GeAffineMatrix3<T>( columns, true ) } )
-        EXPECT_EQ( numbersOf<T>( made ), affine );
-    EXPECT_EQ( numbersOf<T>( GeProjectiveMatrix3<T>( a ) ), affine );
-    for ( const auto& made : { p, GeProjectiveMatrix3<T>( columns, true ) } )
-        EXPECT_EQ( numbersOf<T>( made ), projective );
-    EXPECT_EQ( a.getLinear(), l );
-    EXPECT_EQ( GeProjectiveMatrix3<T>( l ), GeProjectiveMatrix3<T>( GeAffineMatrix3<T>( l ) ) );
-    EXPECT_EQ( l( 1, 2 ), 7 );
-    EXPECT_EQ( a( 1, 3 ), 8 );
-    EXPECT_EQ( p( 1, 3 ), 8 );
-}
-
 /// Integers: minors are exact. A matrix times its cofactors is the determinant times the identity; a minor of an odd
 /// place lacks the sign of the cofactor where `oddSign` is -1. Returns the determinant.
 template <class T, class Matrix>
@@ -192,23 +167,6 @@ ZQ_TWIN_TEST( Matrix, IdentityAndZero )
     a.setZero();
     EXPECT_EQ( l, zero );
     EXPECT_EQ( a, GeAffineMatrix3<T>( zero ) );
-}
-
-ZQ_TWIN_TEST( Matrix, HomogeneousArithmeticTreatsFourComponentsAlike )
-{
-    using Coord = GeHomogeneousCoord3<T>;
-    const Coord a( 1, 2, 3, 4 ), b( 10, -20, 30, -40 );
-    Coord c = a * T( 49 );
-    EXPECT_EQ( a + b, Coord( 11, -18, 33, -36 ) );
-    EXPECT_EQ( a - b, Coord( -9, 22, -27, 44 ) );
-    EXPECT_EQ( c, Coord( 49, 98, 147, 196 ) );
-    EXPECT_EQ( -a, Coord( -1, -2, -3, -4 ) );
-    // one reciprocal: 49 * ( 1 / 49 ) falls short of 1
-    EXPECT_EQ( c / T( 49 ), c * ( T( 1 ) / T( 49 ) ) );
-    EXPECT_EQ( c /= T( 49 ), a * T( 49 ) / T( 49 ) );
-    EXPECT_EQ( ( c = a ) += b, a + b );
-    EXPECT_EQ( c -= b, a );
-    EXPECT_EQ( c *= T( 3 ), a * T( 3 ) );
 }
 
 } // namespace
