@@ -12,7 +12,6 @@ because it shows too little or what is outside by more than rounding, or when no
 """
 
 import argparse
-import collections
 import ctypes
 import itertools
 import json
@@ -178,41 +177,17 @@ def is_outside_by_rounding(record):
     return True
 
 
-class Count:
-    """Of the boxes that one of the two calls outside."""
-
-    def __init__(self):
-        self.outside = self.seen = self.wrong = 0
-
-    def add(self, is_seen, is_wrong):
-        self.outside += 1
-        self.seen += is_seen
-        self.wrong += is_wrong
-
-    def __str__(self):
-        return f"{self.outside:,} | {self.seen:,} | {self.wrong:,}" if self.outside else "| |"
-
-
-class Row:
-    def __init__(self):
-        self.volume, self.frustum = Count(), Count()
-        self.kept = self.kept_seen = 0
-
-    def add(self, record, is_seen, is_wrong):
-        if record["volume"] == OUTSIDE:
-            self.volume.add(is_seen, is_wrong)
-        if record["frustum"] == OUTSIDE:
-            self.frustum.add(is_seen, is_wrong)
-        if OUTSIDE not in (record["volume"], record["frustum"]):
-            self.kept += 1
-            self.kept_seen += is_seen
-
-
-def print_table(title, rows):
+def print_table(title, names, boxes):
+    """A line per name: of the boxes that one of the two calls outside, and of those that both keep."""
     print(f"\n| {title} | volume: outside | drawn | not outside | frustum: outside | drawn | not outside | kept | drawn |")
     print("|---|---|---|---|---|---|---|---|---|")
-    for name, row in rows.items():
-        print(f"| {name} | {row.volume} | {row.frustum} | {row.kept:,} | {row.kept_seen:,} |")
+    for name in dict.fromkeys(names):
+        row = boxes[names == name]
+        cells = [name]
+        for outside in (row[row["volume"]], row[row["frustum"]]):
+            cells.append(f"{len(outside):,} | {outside['seen'].sum():,} | {outside['wrong'].sum():,}" if len(outside) else "| |")
+        kept = row[~row["volume"] & ~row["frustum"]]
+        print("|", " | ".join(cells), f"| {len(kept):,} | {kept['seen'].sum():,} |")
 
 
 def main():
@@ -240,35 +215,43 @@ def main():
             batch = chosen[first:first + BATCH]
             is_seen[batch] = rasteriser.draw(records[batch], has_zero_to_one)
 
+    boxes = numpy.zeros(len(records), [(name, bool) for name in ("volume", "frustum", "seen", "wrong")])
+    boxes["volume"], boxes["frustum"] = records["volume"] == OUTSIDE, records["frustum"] == OUTSIDE
+    boxes["seen"] = is_seen
     nb_far = 0
-    cameras, ratios, cells = (collections.defaultdict(Row) for _ in range(3))
-    for record, seen in zip(records, is_seen):
-        is_claimed = OUTSIDE in (record["volume"], record["frustum"])
-        is_wrong = bool(seen) and is_claimed and not is_outside(record)
-        nb_far += bool(seen) and is_claimed and not is_wrong and not is_outside_by_rounding(record)
+    cameras, ratios = [], []
+    for record, box in zip(records, boxes):
         camera = f"{names['families'][record['family']]}, {names['ranges'][record['range']]}"
         ratio = f"{names['ratios'][record['ratio']]:.0e}".replace("e+0", "e")
-        for row in (cameras[camera], ratios[ratio], cells[f"{camera}, {ratio}"]):
-            row.add(record, bool(seen), is_wrong)
-        if is_wrong and record["volume"] == OUTSIDE:
+        cameras.append(camera)
+        ratios.append(ratio)
+        if not box["seen"] or not (box["volume"] or box["frustum"]):
+            continue
+        box["wrong"] = not is_outside(record)
+        nb_far += not box["wrong"] and not is_outside_by_rounding(record)
+        if box["wrong"] and box["volume"]:
             print(f"not outside: {camera}, {ratio}: matrix by columns {[float(v).hex() for v in record['matrix']]}, box "
                   f"{[float(v).hex() for v in record['lower']]} to {[float(v).hex() for v in record['upper']]}")
+    cameras, ratios = numpy.array(cameras), numpy.array(ratios)
 
     print(f"{rasteriser.name}; {options.size} x {options.size} pixels, {len(records):,} boxes")
-    print_table("camera, depth", cameras)
-    print_table("far / near", ratios)
+    print_table("camera, depth", cameras, boxes)
+    print_table("far / near", ratios, boxes)
     if options.all:
-        print_table("camera, depth, far / near", cells)
+        print_table("camera, depth, far / near", numpy.char.add(numpy.char.add(cameras, ", "), ratios), boxes)
 
     failures = []
-    if wrong := sum(row.volume.wrong for row in cameras.values()):
+    if wrong := (boxes["volume"] & boxes["wrong"]).sum():
         failures.append(f"{wrong} boxes that the volume calls outside can be seen and are not outside")
     # what is kept must be seen often, or nothing above means anything
-    failures += [f"{name}: of {row.kept} boxes that were kept only {row.kept_seen} can be seen"
-                 for name, row in cameras.items() if 4 * row.kept_seen < row.kept]
+    is_kept = ~boxes["volume"] & ~boxes["frustum"]
+    for name in dict.fromkeys(cameras):
+        kept = is_kept & (cameras == name)
+        if 4 * (kept & is_seen).sum() < kept.sum():
+            failures.append(f"{name}: of {kept.sum()} boxes that were kept only {(kept & is_seen).sum()} can be seen")
     if nb_far:
         failures.append(f"{nb_far} boxes are drawn that are outside by more than rounding: the drawing is another one")
-    if not any(row.frustum.wrong for row in cameras.values()):
+    if not (boxes["frustum"] & boxes["wrong"]).any():
         failures.append("no wrong verdict of the frustum was seen: the drawing finds nothing")
     for text in failures:
         print(f"rasterise: {text}", file=sys.stderr)
