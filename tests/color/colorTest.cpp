@@ -10,51 +10,7 @@ ZQ_TWIN_SUITE( Color );
 
 using ZqTest::numbersOf;
 
-// Named colours, ties and NaN are among what colorArrayFormsTest.cpp compares bit for bit.
-
-/// The hexcone as three shifted trapezoids, in long double, without sectors.
-template <class T>
-void expectNearReference( const CoHsvColorT<T>& hsv, const CoRgbColorT<T>& rgb, T bound )
-{
-    using R = long double;
-    for ( int i = 0; i < 3; ++i )
-    {
-        R k = std::fmod( R( 5 - 2 * i ) + R( hsv.getHue() ) / 60, R( 6 ) );
-        k = k < 0 ? k + 6 : k;
-        const R trapezoid = std::max( R( 0 ), std::min( { k, 4 - k, R( 1 ) } ) );
-        const R expected = R( hsv.getValue() ) * ( 1 - R( hsv.getSaturation() ) * trapezoid );
-        ASSERT_NEAR( double( numbersOf<T>( rgb )[std::size_t( i )] ), double( expected ), double( bound ) ) << hsv << i;
-    }
-}
-
-ZQ_TWIN_TEST( Color, ConversionsAgreeWithALongDoubleReference )
-{
-    Random random( 1 );
-    for ( const auto i : random.runs( 20000 ) )
-    {
-        const T red = random.uniform<T>( -1, 2 ), green = random.uniform<T>( -1, 2 );
-        const CoRgbColorT<T> rgb( red, green, random.uniform<T>( T( 0.1 ), 2 ) );
-        const auto hsv = CoHsvColorT<T>::convertFromRgb( rgb );
-        ASSERT_GE( hsv.getHue(), 0 ) << rgb;
-        ASSERT_LT( hsv.getHue(), 360 ) << rgb;
-        ASSERT_EQ( hsv.getValue(), rgb.getLargestComponent() ) << rgb;
-        expectNearReference( hsv, rgb, 30 * epsilon<T> );
-        const CoHsvColorT<T> other( random.uniform<T>( -1000, 1000 ), random.uniform<T>( T( 0.01 ), 1 ), 1 );
-        expectNearReference( other, other.convertToRgb(), 1000 * epsilon<T> / 60 );
-    }
-    // up to the last float before the sectors begin again
-    for ( float last = 359.9F; last < 360; last = std::nextafter( last, 400.0F ) )
-    {
-        const CoHsvColorT<T> hsv( last, 1, 1 );
-        const auto rgb = hsv.convertToRgb();
-        expectNearReference( hsv, rgb, 10 * epsilon<T> );
-        ASSERT_NEAR( CoHsvColorT<T>::convertFromRgb( rgb ).getHue(), last, 600 * epsilon<T> );
-    }
-    // the hue can round to 360, and converts back
-    const auto hsv = CoHsvColorT<T>::convertFromRgb( { 1, 0, epsilon<T> / 2 } );
-    EXPECT_EQ( hsv, CoHsvColorT<T>( 360, 1, 1 ) );
-    EXPECT_EQ( hsv.convertToRgb(), CoRgbColorT<T>( 1, 0, 0 ) );
-}
+// Conversions are compared bit for bit with the plain rule in colorArrayFormsTest.cpp.
 
 // It must not matter whether a caller makes the first turn. Up to the smaller of two powers it is exact: 360 is a multiple
 // of the hue's last place. Up to the larger one it is rounded; beyond, the turns never end.

@@ -96,30 +96,6 @@ ZQ_TWIN_TEST( Quaternion3, FormsOfOneRotationAgree )
     }
 }
 
-// With a negative trace the largest component, the first of equal ones, becomes positive. Axes with zeros and ties.
-ZQ_TWIN_TEST( Quaternion3, MatricesOfWideTurnsGiveTheirQuaternions )
-{
-    using Q = GeQuaternion3<T>;
-    for ( int code = 0; code < 125; ++code )
-    {
-        const GeVector3<T> axis( T( code % 5 - 2 ), T( code / 5 % 5 - 2 ), T( code / 25 - 2 ) );
-        int largest = 0;
-        for ( const int i : { 1, 2 } )
-            largest = std::fabs( axis[i] ) > std::fabs( axis[largest] ) ? i : largest;
-        for ( const T angle : { T( 2.2 ), T( 3 ), T( -2.5 ) } )
-        {
-            const Q q = Q::makeRotation( axis, angle );
-            const bool isTurned = ( axis[largest] < 0 ) != ( angle < 0 );
-            EXPECT_CLOSE( Q( q.getRotation() ),
-                axis == GeVector3<T>() ? Q()
-                    : isTurned         ? -q
-                                       : q,
-                8 * epsilon<T> )
-                << axis;
-        }
-    }
-}
-
 ZQ_TWIN_TEST( Quaternion3, DegenerateQuaternionsMatricesAndConventions )
 {
     using Q = GeQuaternion3<T>;
