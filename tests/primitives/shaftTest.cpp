@@ -152,7 +152,7 @@ TEST( Shaft, ConventionsCrossOnTheBoundary )
 TEST( Shaft, BoxAnswersAgreeWithPointsOfTheBox )
 {
     Random random( 3 );
-    for ( const auto i : random.runs( 30000 ) )
+    for ( const auto i : random.runs( 10000 ) )
     {
         const GeShaft shaft = randomShaft( random );
         // one in a hundred holds everything, or nearly so

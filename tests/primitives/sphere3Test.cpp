@@ -11,7 +11,7 @@ ZQ_TWIN_TEST( Sphere3, RootsLieOnTheSphereAndClosestPointsTowardsTheLine )
 {
     Random random( 1 );
     const T bound = 200 * epsilon<T>;
-    for ( const auto i : random.runs( 20000 ) )
+    for ( const auto i : random.runs( 5000 ) )
     {
         const GeSphere3<T> sphere( random.point<T>( 5 ), random.uniform<T>( T( 0.5 ), 4 ) );
         const GePoint3<T> origin = random.point<T>( 10 ), center = sphere.getCenter();

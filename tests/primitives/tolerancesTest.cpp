@@ -89,7 +89,7 @@ TEST( Tolerances, CosinesAreComparedLikeAngles )
 {
     Random random( 31 );
     const R pi = std::acos( R( -1 ) );
-    for ( const auto i : random.runs( 20000 ) )
+    for ( const auto i : random.runs( 5000 ) )
     {
         const float tolerance = random.uniform( 0.01F, 0.6F );
         const GeTolerances t = makeTolerances( tolerance, tolerance, 0 );
