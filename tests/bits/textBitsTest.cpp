@@ -252,7 +252,7 @@ ZQ_TWIN_TEST( TextBits, PlainOutputIsOnePiece )
 ZQ_TWIN_TEST( TextBits, output )
 {
     Random random( wideSeed() );
-    for ( const auto n : random.runs( 2000 ) )
+    for ( const auto n : random.runs( 1000 ) )
     {
         if ( ::testing::Test::HasFatalFailure() )
             return;
@@ -279,7 +279,7 @@ ZQ_TWIN_TEST( TextBits, output )
 ZQ_TWIN_TEST( TextBits, input )
 {
     Random random( wideSeed() );
-    for ( const auto n : random.runs( 6000 ) )
+    for ( const auto n : random.runs( 3000 ) )
     {
         if ( ::testing::Test::HasFatalFailure() )
             return;
