@@ -99,23 +99,23 @@ ZQ_TWIN_TEST( Quaternion3, FormsOfOneRotationAgree )
 ZQ_TWIN_TEST( Quaternion3, DegenerateQuaternionsMatricesAndConventions )
 {
     using Q = GeQuaternion3<T>;
-    using Vector = GeVector3<T>;
+    using V = GeVector3<T>;
     using Linear = GeLinearMatrix3<T>;
     Q zero( 0, 0, 0, 0 ), q;
     zero.normalize();
     EXPECT_EQ( zero.computeInverse(), Q( 0, 0, 0, 0 ) );
     EXPECT_EQ( Q( 0, 3, 0, 4 ).getMagnitude(), 25 );
-    EXPECT_EQ( zero * Vector( 1, 2, 3 ), Vector( 1, 2, 3 ) );
+    EXPECT_EQ( zero * V( 1, 2, 3 ), V( 1, 2, 3 ) );
     EXPECT_EQ( zero.getRotation(), GeRotation3<T>() );
-    Vector axis;
+    V axis;
     T angle = 9;
     zero.getAxisAngle( axis, angle );
-    EXPECT_EQ( axis, Vector( 1, 0, 0 ) );
+    EXPECT_EQ( axis, V( 1, 0, 0 ) );
     EXPECT_EQ( angle, 0 );
-    EXPECT_EQ( Q::makeRotation( Vector(), 0 ), Q() );
-    EXPECT_EQ( ( GeRotation3<T>::makeRotation( Vector(), 2 ) ), GeRotation3<T>() );
+    EXPECT_EQ( Q::makeRotation( V(), 0 ), Q() );
+    EXPECT_EQ( ( GeRotation3<T>::makeRotation( V(), 2 ) ), GeRotation3<T>() );
     // 1 - cos of an angle whose cosine is rounded to 1
-    EXPECT_NEAR( ( GeRotation3<T>::makeRotation( Vector( 1, 1, 0 ), T( 1e-4 ) )( 0, 1 ) ), 2.5e-9, 2e-15 );
+    EXPECT_NEAR( ( GeRotation3<T>::makeRotation( V( 1, 1, 0 ), T( 1e-4 ) )( 0, 1 ) ), 2.5e-9, 2e-15 );
 
     q.setMatrix( Linear(), 4 );
     EXPECT_NEAR( q.getW(), std::sqrt( 7.0 ) / 4, epsilon<T> );
@@ -227,12 +227,12 @@ ZQ_TWIN_TEST( Quaternion3, EulerAnglesAreTheProductsThatTheirRowsState )
 ZQ_TWIN_TEST( Quaternion3, AimingIsTheShortestTurn )
 {
     using Q = GeQuaternion3<T>;
-    using Vector = GeVector3<T>;
+    using V = GeVector3<T>;
     Random random( 32 );
     Q q;
     for ( const auto n : random.runs( 2000 ) )
     {
-        const Vector from = random.vector<T>( 5 ), to = random.vector<T>( 5 ), target = to.computeUnit();
+        const V from = random.vector<T>( 5 ), to = random.vector<T>( 5 ), target = to.computeUnit();
         q.aim( from, to );
         EXPECT_CLOSE( q * from.computeUnit(), target, 10 * epsilon<T> );
         EXPECT_NEAR( T( 2 ) * std::acos( std::min( T( 1 ), q.getW() ) ), from.computeAngle( to ), T( 5e-3 ) );
@@ -246,23 +246,23 @@ ZQ_TWIN_TEST( Quaternion3, AimingIsTheShortestTurn )
 
         // into a plane: along what remains without the part along the normal
         const T sine = target.dot( from.computeUnit() );
-        const Vector foot = ( from.computeUnit() - target * sine ).computeUnit();
+        const V foot = ( from.computeUnit() - target * sine ).computeUnit();
         q.aim( from, GePlane3<T>( to, random.uniform<T>( -9, 9 ) ) );
         const T error = 12 * epsilon<T> / std::sqrt( std::max( T( 1e-6 ), 1 - sine * sine ) );
         EXPECT_CLOSE( q * from.computeUnit(), foot, error );
     }
     // any perpendicular will do, for each axis another
-    for ( const Vector& v : { Vector( 2, 0, 0 ), Vector( 0, 2, 0 ), Vector( 0, 0, 2 ) } )
+    for ( const V& v : { V( 2, 0, 0 ), V( 0, 2, 0 ), V( 0, 0, 2 ) } )
     {
         q.aim( v, -v );
         EXPECT_CLOSE( q * v, -v, T( 5e-6 ) );
     }
     const GePlane3<T> floor( 0, 0, 3, 7 );
-    for ( const Vector& v : { Vector( 0, 0, 2 ), Vector( 0, 0, -2 ), Vector() } ) // the last changes nothing
+    for ( const V& v : { V( 0, 0, 2 ), V( 0, 0, -2 ), V() } ) // the last changes nothing
     {
         q.aim( v, floor );
-        q.aim( Vector( 1, 0, 0 ), GePlane3<T>( 0, 0, 0, 1 ) );
-        EXPECT_CLOSE( q * Vector( 0, 0, 1 ), Vector( 0, -1, 0 ), T( 1e-6 ) );
+        q.aim( V( 1, 0, 0 ), GePlane3<T>( 0, 0, 0, 1 ) );
+        EXPECT_CLOSE( q * V( 0, 0, 1 ), V( 0, -1, 0 ), T( 1e-6 ) );
     }
 }
 

@@ -95,11 +95,11 @@ ZQ_TWIN_TEST( Rotation3, AimWithUpForEveryPairOfAxes )
 ZQ_TWIN_TEST( Rotation3, AimAtAPolygon )
 {
     using Points = std::vector<GePoint3<T>>;
-    using Vector = GeVector3<T>;
+    using V = GeVector3<T>;
     const auto aim = []( const Points& points, int aimAxis, int planeAxis )
     { return checkFrame<T>( 16 * R( epsilon<T> ), int( points.size() ), points.data(), aimAxis, planeAxis ); };
     // a tie between edges of length 2: the first one wins
-    EXPECT_EQ( aim( { { 0, 0, 3 }, { 2, 0, 3 }, { 2, 1, 3 }, { 0, 1, 3 } }, 2, 0 )( 0 ), Vector( 1, 0, 0 ) );
+    EXPECT_EQ( aim( { { 0, 0, 3 }, { 2, 0, 3 }, { 2, 1, 3 }, { 0, 1, 3 } }, 2, 0 )( 0 ), V( 1, 0, 0 ) );
     Random random( 53 );
     for ( const auto i : random.runs( 300 ) )
     {
@@ -108,14 +108,14 @@ ZQ_TWIN_TEST( Rotation3, AimAtAPolygon )
         const GeLinearMatrix3<T> frame = GeRotation3<T>::aim( normal, 2, false );
         const T z = random.uniform<T>( -1, 1 );
         Points points;
-        for ( const Vector& corner : { Vector( 1, 1, z ), Vector( 0, 2, z ), Vector( 0, -3, z ), Vector( 6, 0, z ) } )
+        for ( const V& corner : { V( 1, 1, z ), V( 0, 2, z ), V( 0, -3, z ), V( 6, 0, z ) } )
             points.push_back( GePoint3<T>( frame * corner ) );
         std::rotate( points.begin(), points.begin() + i % 4, points.end() );
         const int aimAxis = i % 3, planeAxis = ( i + 1 + i / 3 % 2 ) % 3;
         const auto basis = aim( points, aimAxis, planeAxis );
         const T bound = 16 * epsilon<T>;
         EXPECT_CLOSE( basis( aimAxis ), normal, bound );
-        EXPECT_CLOSE( basis( planeAxis ), frame * Vector( 2, 1, 0 ).computeUnit(), bound );
+        EXPECT_CLOSE( basis( planeAxis ), frame * V( 2, 1, 0 ).computeUnit(), bound );
     }
 }
 

@@ -5,11 +5,12 @@
 namespace
 {
 
+using R = long double;
+
 ZQ_TWIN_SUITE( Vector2Utils );
 
 ZQ_TWIN_TEST( Vector2Utils, DistanceToALineAndToASegment )
 {
-    using R = long double;
     const auto measure = GeVector2Utils<T>::distanceSquaredFromPointToLineSegment;
     Random random( 22 );
     for ( const auto i : random.runs( 5000 ) )
