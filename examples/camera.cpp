@@ -3,35 +3,24 @@
 #include "example.h"
 
 #include <zq/primitives/geAffineMatrix3.h>
-#include <zq/primitives/geCameraBuilder.h>
 #include <zq/primitives/geHomogeneousCoord3.h>
+#include <zq/primitives/geProjectionBuilder.h>
 #include <zq/primitives/geProjectiveMatrix3.h>
-#include <zq/primitives/geUnitVector3.h>
+#include <zq/primitives/geViewBuilder.h>
 
 #include <iostream>
 
 using namespace Zq;
 
-// From world space to camera space: the eye at the origin, x to the right, y up, looking along -z. The eye must not look
-// straight up or down.
-static GeAffineMatrix3<float> makeView( const GePoint3<float>& eye, const GePoint3<float>& target )
-{
-    const GeUnitVector3<float> back( eye - target );
-    const GeUnitVector3<float> right( GeVector3<float>( 0, 0, 1 ).cross( back ) ); // z is up in this world
-    const GeUnitVector3<float> up( back.cross( right ) );
-
-    // The rows are the camera's axes: a vector's components along them are its coordinates in camera space.
-    const GeLinearMatrix3<float> rotation( right, up, back );
-    return { rotation, -( rotation * GeVector3<float>( eye ) ) };
-}
-
 static void answer()
 {
     const int width = 800;
     const int height = 600;
-    const GeAffineMatrix3<float> view = makeView( GePoint3<float>( 3, -4, 2 ), GePoint3<float>( 0, 0, 0 ) );
-    const GeProjectiveMatrix3<float> projection =
-        GeCameraBuilder<float>::makePerspective( 0.8F, 1, 20, static_cast<float>( width ) / height );
+    // from the world to the camera, which stands at (3, -4, 2) and looks at the origin; z is up in this world
+    const GeAffineMatrix3<float> view = GeViewBuilder<float>::makeView( { 3, -4, 2 }, { 0, 0, 0 }, { 0, 0, 1 } );
+    // from the camera to the picture: 0.8 radians high, from 1 to 20; depth from 0 to 1, as most APIs have it today
+    const GeProjectiveMatrix3<float> projection = GeProjectionBuilder<float>::makePerspectiveFromVerticalAngle(
+        0.8F, static_cast<float>( width ) / height, 1, 20, GeDepthRange::ZERO_TO_ONE );
     const GeProjectiveMatrix3<float> toClip = projection * view;
 
     for ( const GePoint3<float>& point : { GePoint3<float>( 0, 0, 0 ), GePoint3<float>( 0, 0, 1 ),

@@ -49,9 +49,7 @@ public:
         const GeFloatingCone tight = _normals.createCone();
         const GeFloatingCone normals( tight.getAxis(), tight.getSemiAngle() + SEMI_ANGLE_MARGIN );
 
-        const GePoint3<double> lowerCorner( _box.getBox().getCorner( 0 ) );
-        const GePoint3<double> upperCorner( _box.getBox().getCorner( 7 ) );
-        Cluster cluster = { range, { lowerCorner, upperCorner }, GeCullingCones(), false };
+        Cluster cluster = { range, _box.getBox(), GeCullingCones(), false };
         if ( normals.getSemiAngle() <= MAX_SEMI_ANGLE )
         {
             cluster.cones = GeCullingCones( _points.createCone( normals ) );

@@ -20,7 +20,7 @@ struct TriangleRange
 struct Cluster
 {
     TriangleRange triangles;
-    Zq::GeAlignedBox3<double> box;
+    Zq::GeAlignedBox3<float> box;
     Zq::GeCullingCones cones;
     bool isConeUsable; // whether `cones` may be asked
 };

@@ -3,14 +3,14 @@
 
 #include "clusters.h"
 
-#include <zq/primitives/geFrustum.h>
+#include <zq/primitives/geViewVolume.h>
 
 namespace CullMesh
 {
 
 enum class Verdict
 {
-    OUTSIDE, // the box lies outside the frustum: not in the picture
+    OUTSIDE, // the box lies outside the view: not in the picture
     BEHIND,  // every face is seen from the back
     VISIBLE  // to be drawn
 };
@@ -32,26 +32,26 @@ public:
         _coneAnswers.resize( clusters.size() );
     }
 
-    /// The verdicts on all clusters, in their order, replace what is in `verdicts`. The frustum is that of
-    /// projection * view. It is one in double precision, because in single precision it is only good while far / near
-    /// stays below about 1,000.
-    void judge( const Zq::GeFrustum<double>& frustum, const Zq::GePoint3<float>& eye, std::vector<Verdict>& verdicts )
+    /// The verdicts on all clusters, in their order, replace what is in `verdicts`. The volume is that of
+    /// projection * view, for the depth range of the projection. In single precision it would be just as right about a
+    /// matrix in single precision; this one is in double because that is the matrix which the self-check goes by.
+    void judge( const Zq::GeViewVolume<double>& volume, const Zq::GePoint3<float>& eye, std::vector<Verdict>& verdicts )
     {
-        askBoxes( frustum );
+        askBoxes( volume );
         askCones( eye );
         verdicts.resize( _boxes.size() );
         for ( std::size_t i = 0; i < verdicts.size(); ++i )
         {
-            verdicts[i] = _boxAnswers[i] == Zq::GeFrustum<double>::FRUSTUM_OUTSIDE ? Verdict::OUTSIDE
+            verdicts[i] = _boxAnswers[i] == Zq::GeViewVolume<double>::VIEW_OUTSIDE ? Verdict::OUTSIDE
                 : _coneAnswers[i] != 0                                             ? Verdict::BEHIND
                                                                                    : Verdict::VISIBLE;
         }
     }
 
     // The two questions by themselves, to be timed.
-    void askBoxes( const Zq::GeFrustum<double>& frustum )
+    void askBoxes( const Zq::GeViewVolume<double>& volume )
     {
-        frustum.classify( _boxes.data(), _boxes.size(), _boxAnswers.data() );
+        volume.classify( _boxes.data(), _boxes.size(), _boxAnswers.data() );
     }
     void askCones( const Zq::GePoint3<float>& eye )
     {
@@ -59,7 +59,7 @@ public:
     }
 
 private:
-    std::vector<Zq::GeAlignedBox3<double>> _boxes;
+    std::vector<Zq::GeAlignedBox3<float>> _boxes;
     std::vector<Zq::GeCullingCones> _cones;
     std::vector<unsigned char> _boxAnswers;
     std::vector<unsigned char> _coneAnswers;

@@ -1,6 +1,6 @@
 // cullMesh: from a camera, which clusters of a mesh need not be drawn?
 //
-// The page to copy from is culling.h, with clusters.cpp for the bounds and support/camera.cpp for the matrices. What
+// The page to copy from is culling.h, with clusters.cpp for the bounds and support/camera.h for the matrices. What
 // draws is in figures/cullMesh.
 
 #include "commandLine.h"
@@ -72,8 +72,8 @@ void cull( const Mesh& mesh, const std::vector<Cluster>& clusters, Culler& culle
         progress.show( i );
         const Camera& camera = report.cameras[i];
         const Stopwatch culling;
-        const Zq::GeFrustum<double> frustum( makeClipMatrix<double>( camera ) );
-        culler.judge( frustum, camera.eye, verdicts );
+        const Zq::GeViewVolume<double> volume( makeClipMatrix<double>( camera ), camera.range );
+        culler.judge( volume, camera.eye, verdicts );
         report.timing.culling += culling.getSeconds() / static_cast<double>( report.cameras.size() );
 
         report.tally.add( clusters, verdicts );

@@ -5,6 +5,8 @@
 
 #include <CLI/CLI.hpp>
 
+#include <algorithm>
+#include <limits>
 #include <sstream>
 
 namespace CullMesh
@@ -16,6 +18,13 @@ namespace
 using Zq::GePoint3;
 
 constexpr double MAX_COORDINATE = 1000;
+
+constexpr Depth DEPTHS[] = {
+    { "minus-one-to-one", Zq::GeDepthRange::MINUS_ONE_TO_ONE, true },
+    { "zero-to-one", Zq::GeDepthRange::ZERO_TO_ONE, true },
+    { "reversed", Zq::GeDepthRange::ONE_TO_ZERO, true },
+    { "reversed-infinite", Zq::GeDepthRange::ONE_TO_ZERO, false },
+};
 
 std::vector<float> parseList( const std::string& option, const std::string& text, double lowest, double highest )
 {
@@ -115,6 +124,22 @@ public:
             } );
     }
 
+    CLI::Option* addDepth( const std::string& name, Depth& target, const std::string& help )
+    {
+        return add( name, "RANGE", help,
+            [name, &target]( const std::string& text )
+            {
+                const auto* const depth = std::find_if( std::begin( DEPTHS ), std::end( DEPTHS ),
+                    [&text]( const Depth& candidate ) { return text == candidate.word; } );
+                if ( depth == std::end( DEPTHS ) )
+                {
+                    throw Examples::BadInput( name + ": '" + text +
+                        "' is none of minus-one-to-one, zero-to-one, reversed, reversed-infinite" );
+                }
+                target = *depth;
+            } );
+    }
+
     template <class Text>
     CLI::Option* addText( const std::string& name, const std::string& type, Text& target, const std::string& help )
     {
@@ -143,7 +168,7 @@ private:
 
 std::optional<Options> parseOptions( int argc, const char* const* argv )
 {
-    CLI::App app( "Cuts a mesh into clusters and says which of them a camera need not draw: outside its frustum, or\n"
+    CLI::App app( "Cuts a mesh into clusters and says which of them a camera need not draw: outside its view, or\n"
                   "facing away. The mesh is moved to the origin and scaled to radius 1; z is up.",
         "cullMesh" );
     Options options;
@@ -169,6 +194,10 @@ std::optional<Options> parseOptions( int argc, const char* const* argv )
     parser.addRatio( "--aspect", options.aspect, 0.05, 20, "Width / height of the view, as in 1.5 or 3/2 [4/3]" );
     parser.addDistance( "--near", options.nearDistance, "The near clip plane [fitted to the mesh]" );
     parser.addDistance( "--far", options.farDistance, "The far clip plane [fitted to the mesh]" );
+
+    parser.addDepth( "--depth", options.depth,
+        "Depth from the near to the far clip plane: minus-one-to-one, zero-to-one, reversed (from one\n"
+        "to zero), or reversed-infinite, which has no far plane [minus-one-to-one]" );
 
     CLI::Option* const orbit = parser.addNumber<std::size_t>( "--orbit", options.nbOrbitEyes, 1, 1000000,
         "Totals over so many eyes around the mesh, looking at its centre; no pictures" );
@@ -196,6 +225,10 @@ std::optional<Options> parseOptions( int argc, const char* const* argv )
     if ( ( options.eye - options.target ).length() < SAME )
     {
         throw Examples::BadInput( "--eye and --target are the same point" );
+    }
+    if ( options.farDistance && !options.depth.hasFarPlane )
+    {
+        throw Examples::BadInput( "--far: there is no far plane with --depth " + std::string( options.depth.word ) );
     }
     if ( options.viewFile == options.sceneFile || options.jsonFile == options.viewFile ||
         options.jsonFile == options.sceneFile )
@@ -231,7 +264,9 @@ std::vector<Camera> makeCameras( const Options& options, const std::vector<GePoi
         Camera camera{ eye, target, options.fieldOfViewDegrees * DEGREE, options.aspect, 0, 0 };
         fitClipPlanes( camera, points );
         camera.nearDistance = options.nearDistance.value_or( camera.nearDistance );
-        camera.farDistance = options.farDistance.value_or( camera.farDistance );
+        camera.farDistance = options.depth.hasFarPlane ? options.farDistance.value_or( camera.farDistance )
+                                                       : std::numeric_limits<float>::infinity();
+        camera.range = options.depth.range;
         if ( !( camera.nearDistance < camera.farDistance ) )
         {
             std::ostringstream complaint;

@@ -11,6 +11,14 @@
 namespace CullMesh
 {
 
+/// What --depth can be.
+struct Depth
+{
+    const char* word;
+    Zq::GeDepthRange range;
+    bool hasFarPlane;
+};
+
 /// What the command line asks for, checked.
 struct Options
 {
@@ -25,6 +33,7 @@ struct Options
     float aspect = 4.0F / 3.0F;
     std::optional<float> nearDistance; // none: fitted to the mesh
     std::optional<float> farDistance;
+    Depth depth = { "minus-one-to-one", Zq::GeDepthRange::MINUS_ONE_TO_ONE, true };
 
     std::size_t nbOrbitEyes = 0; // 0: the one eye above
     std::vector<float> orbitDistances{ 1.25F, 2.5F, 6 };

@@ -71,10 +71,15 @@ void printCamera( std::ostream& os, const Options& options, const Report& report
         }
         os << '\n';
     }
-    os << "  " << options.fieldOfViewDegrees << " degrees high, aspect " << camera.aspect;
+    os << "  " << options.fieldOfViewDegrees << " degrees high, aspect " << camera.aspect << ", depth "
+       << options.depth.word;
     if ( options.nbOrbitEyes == 0 )
     {
-        os << ", near " << camera.nearDistance << ", far " << camera.farDistance;
+        os << ", near " << camera.nearDistance;
+        if ( options.depth.hasFarPlane )
+        {
+            os << ", far " << camera.farDistance;
+        }
     }
     os << '\n';
 }
@@ -91,6 +96,7 @@ Json makeJson( const Zq::GePoint3<double>& point )
 
 Json makeJson( const Camera& camera )
 {
+    // a far plane at infinity becomes null
     return { { "eye", makeJson( Zq::GePoint3<double>( camera.eye ) ) },
         { "target", makeJson( Zq::GePoint3<double>( camera.target ) ) }, { "near", camera.nearDistance },
         { "far", camera.farDistance } };
@@ -137,7 +143,8 @@ std::string makeJson( const Options& options, const Report& report )
         { "center", makeJson( preparation.center ) }, { "scale", preparation.scale } };
     json["clusters"] = { { "count", report.nbClusters }, { "maxTriangles", report.clusterSize },
         { "coneNotUsable", report.withoutCone.clusters } };
-    json["view"] = { { "fov", options.fieldOfViewDegrees }, { "aspect", options.aspect } };
+    json["view"] = {
+        { "fov", options.fieldOfViewDegrees }, { "aspect", options.aspect }, { "depth", options.depth.word } };
     json["cameras"] = Json::array();
     for ( const Camera& camera : report.cameras )
     {

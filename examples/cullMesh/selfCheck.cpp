@@ -27,23 +27,28 @@ bool isTurnedTo( const Mesh& mesh, const Triangle& triangle, const GePoint3<doub
     return toEye.dot( computeAreaVector( mesh, triangle ) ) > 0;
 }
 
-// Positive inside the clip plane: 0, 1 left and right, 2, 3 bottom and top, 4, 5 near and far.
-double computeClipValue( const Clip& clip, int plane )
+// Positive inside the clip plane: 0, 1 left and right, 2, 3 bottom and top, 4, 5 smallest and largest depth, whichever of
+// the two is near.
+double computeClipValue( const Clip& clip, int plane, GeDepthRange range )
 {
+    if ( plane == 4 && range != GeDepthRange::MINUS_ONE_TO_ONE )
+    {
+        return clip.getZ();
+    }
     const double coordinate = plane < 2 ? clip.getX() : plane < 4 ? clip.getY() : clip.getZ();
     return plane % 2 == 0 ? clip.getW() + coordinate : clip.getW() - coordinate;
 }
 
 // What a clip plane leaves of a convex polygon (I. Sutherland and G. Hodgman, Reentrant polygon clipping, 1974).
-Polygon cut( const Polygon& polygon, int plane )
+Polygon cut( const Polygon& polygon, int plane, GeDepthRange range )
 {
     Polygon rest;
     for ( std::size_t i = 0; i < polygon.size; ++i )
     {
         const Clip& a = polygon.corners[i];
         const Clip& b = polygon.corners[( i + 1 ) % polygon.size];
-        const double valueA = computeClipValue( a, plane );
-        const double valueB = computeClipValue( b, plane );
+        const double valueA = computeClipValue( a, plane, range );
+        const double valueB = computeClipValue( b, plane, range );
         if ( valueA > 0 )
         {
             rest.add( a );
@@ -56,8 +61,9 @@ Polygon cut( const Polygon& polygon, int plane )
     return rest;
 }
 
-// Whether any part of the triangle is inside all six planes.
-bool isInView( const Mesh& mesh, const Triangle& triangle, const GeProjectiveMatrix3<double>& clipMatrix )
+// Whether any part of the triangle is inside all planes.
+bool isInView(
+    const Mesh& mesh, const Triangle& triangle, const GeProjectiveMatrix3<double>& clipMatrix, GeDepthRange range )
 {
     Polygon polygon;
     for ( const std::uint32_t corner : triangle )
@@ -69,7 +75,7 @@ bool isInView( const Mesh& mesh, const Triangle& triangle, const GeProjectiveMat
     }
     for ( int plane = 0; plane < 6 && polygon.size > 0; ++plane )
     {
-        polygon = cut( polygon, plane );
+        polygon = cut( polygon, plane, range );
     }
     return polygon.size > 0;
 }
@@ -88,7 +94,8 @@ void SelfCheck::add(
         {
             const Triangle& triangle = mesh.triangles[j];
             const bool isTurned = isTurnedTo( mesh, triangle, eye );
-            const bool isIn = ( isTurned || verdicts[i] == Verdict::OUTSIDE ) && isInView( mesh, triangle, clipMatrix );
+            const bool isIn =
+                ( isTurned || verdicts[i] == Verdict::OUTSIDE ) && isInView( mesh, triangle, clipMatrix, camera.range );
             behindButTurned += static_cast<std::size_t>( verdicts[i] == Verdict::BEHIND && isTurned );
             outsideButIn += static_cast<std::size_t>( verdicts[i] == Verdict::OUTSIDE && isIn );
             needed += static_cast<std::size_t>( isTurned && isIn );

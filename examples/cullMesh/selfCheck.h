@@ -11,13 +11,13 @@ namespace CullMesh
 struct SelfCheck
 {
     std::size_t behindButTurned = 0; // called behind, but turned to the eye
-    std::size_t outsideButIn = 0;    // called outside, but partly inside all six clip planes
-    std::size_t needed = 0;          // turned to the eye and partly inside all six: no culling can spare these
+    std::size_t outsideButIn = 0;    // called outside, but partly inside all clip planes
+    std::size_t needed = 0;          // turned to the eye and partly inside all: no culling can spare these
 
     std::size_t computeViolations() const { return behindButTurned + outsideButIn; }
 
-    /// Looks at the verdicts of a camera triangle by triangle in double precision, without bounds, frustum and cones,
-    /// and without a tolerance.
+    /// Looks at the verdicts of a camera triangle by triangle in double precision, without bounds, volume and cones,
+    /// and without a tolerance: by what the camera's clip matrix and its depth range say.
     void add( const Mesh& mesh, const std::vector<Cluster>& clusters, const Camera& camera,
         const std::vector<Verdict>& verdicts );
 };

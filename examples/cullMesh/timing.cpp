@@ -27,8 +27,8 @@ double measureSeconds( Action action )
 
 void measureTests( Culler& culler, const Camera& camera, Timing& timing )
 {
-    const Zq::GeFrustum<double> frustum( makeClipMatrix<double>( camera ) );
-    timing.boxTests = measureSeconds( [&] { culler.askBoxes( frustum ); } );
+    const Zq::GeViewVolume<double> volume( makeClipMatrix<double>( camera ), camera.range );
+    timing.boxTests = measureSeconds( [&] { culler.askBoxes( volume ); } );
     timing.coneTests = measureSeconds( [&] { culler.askCones( camera.eye ); } );
 }
 

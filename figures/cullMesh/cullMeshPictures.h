@@ -25,7 +25,7 @@ struct Shot
 /// The view from the camera, drawn from the visible clusters alone: the proof that the others were not needed.
 Figures::Canvas drawView( const Shot& shot );
 
-/// The camera, its frustum and the mesh from outside, each cluster in the colour of its verdict.
+/// The camera, what it sees and the mesh from outside, each cluster in the colour of its verdict.
 Figures::Canvas drawScene( const Shot& shot );
 
 /// Both side by side, with the number of pixels that change when the culled clusters are drawn, too.

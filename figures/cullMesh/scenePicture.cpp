@@ -25,9 +25,16 @@ GeVector3<double> getAxis( const GeLinearMatrix3<double>& axes, int row )
     return { axes( row, 0 ), axes( row, 1 ), axes( row, 2 ) };
 }
 
-// Of the frustum: bit 0 right, bit 1 top, bit 2 far.
-Corners computeCorners( const Camera& camera )
+// Of the view: bit 0 right, bit 1 top, bit 2 far. One without a far plane is shown as far as the mesh reaches.
+Corners computeCorners( const Shot& shot )
 {
+    Camera camera = shot.camera;
+    if ( std::isinf( camera.farDistance ) )
+    {
+        fitClipPlanes( camera, shot.mesh.points );
+        camera.nearDistance = shot.camera.nearDistance;
+        camera.farDistance = std::max( camera.farDistance, 2 * camera.nearDistance );
+    }
     const GeLinearMatrix3<double> axes = makeView<double>( camera ).getLinear();
     const double slope = std::tan( static_cast<double>( camera.fieldOfView ) / 2 );
     Corners corners;
@@ -42,7 +49,7 @@ Corners computeCorners( const Camera& camera )
     return corners;
 }
 
-// A camera that sees mesh, eye and frustum from the side and a little from above.
+// A camera that sees mesh, eye and view from the side and a little from above.
 Camera makeSceneCamera( const Shot& shot, const Corners& corners, const Area& area )
 {
     constexpr double SLOPE = 0.24; // of the picture's height against the distance
@@ -117,16 +124,17 @@ float computeTint( std::size_t cluster )
     return 0.87F + 0.035F * static_cast<float>( cluster * 5 % 8 );
 }
 
-void drawFrustum( Scene& scene, const Camera& camera, const Corners& corners )
+void drawVolume( Scene& scene, const Camera& camera, const Corners& corners )
 {
     constexpr double HIDDEN = 0.3;
+    const bool hasFarPlane = !std::isinf( camera.farDistance );
     const auto line = [&]( const GePoint3<double>& begin, const GePoint3<double>& end, double width )
     { scene.drawLine( GePoint3<float>( begin ), GePoint3<float>( end ), width, getPalette().edge, HIDDEN ); };
     for ( unsigned i = 0; i < corners.size(); ++i )
     {
         for ( const unsigned bit : { 1U, 2U, 4U } )
         {
-            if ( ( i & bit ) == 0 )
+            if ( ( i & bit ) == 0 && ( hasFarPlane || i < 4 ) )
             {
                 line( corners[i], corners[i | bit], 2.4 );
             }
@@ -159,6 +167,7 @@ void annotate( Canvas& picture, const Area& area, const Scene& scene, const Came
     picture.fillDisc( eye.x, eye.y, 4, palette.white );
     writeAbove( picture, area, { eye.x, eye.y - 8 }, "eye", 0.5F );
 
+    const bool hasFarPlane = !std::isinf( camera.farDistance );
     for ( const std::size_t first : { 0U, 4U } )
     {
         Spot highest = scene.computeSpot( GePoint3<float>( corners[first] ) );
@@ -167,7 +176,11 @@ void annotate( Canvas& picture, const Area& area, const Scene& scene, const Came
             const Spot spot = scene.computeSpot( GePoint3<float>( corners[i] ) );
             highest = spot.y < highest.y ? spot : highest;
         }
-        writeAbove( picture, area, highest, first == 0 ? "near plane" : "far plane", first == 0 ? 0.9F : 0.5F );
+        writeAbove( picture, area, highest,
+            first == 0        ? "near plane"
+                : hasFarPlane ? "far plane"
+                              : "and on without end",
+            first == 0 ? 0.9F : 0.5F );
     }
 }
 
@@ -183,7 +196,7 @@ LegendRow makeRow( const Color& color, const std::string& label, const Count& co
 
 void addScene( Canvas& picture, const Area& area, const Shot& shot )
 {
-    const Corners corners = computeCorners( shot.camera );
+    const Corners corners = computeCorners( shot );
     Scene scene( picture, area, makeSceneCamera( shot, corners, area ) );
     const MeshPainter painter( shot.mesh );
     for ( std::size_t i = 0; i < shot.clusters.size(); ++i )
@@ -191,7 +204,7 @@ void addScene( Canvas& picture, const Area& area, const Shot& shot )
         const Color& color = findColor( shot.clusters[i], shot.verdicts[i] );
         painter.paint( scene, shot.clusters[i], color * computeTint( i ), 0.25F, true );
     }
-    drawFrustum( scene, shot.camera, corners );
+    drawVolume( scene, shot.camera, corners );
     scene.finish( picture );
     annotate( picture, area, scene, shot.camera, corners );
 }
@@ -203,7 +216,7 @@ std::vector<LegendRow> makeLegend( const Shot& shot )
     Count withCone = tally.visible;
     withCone.clusters -= tally.visibleWithoutCone.clusters;
     withCone.triangles -= tally.visibleWithoutCone.triangles;
-    std::vector<LegendRow> rows = { makeRow( palette.outside, "culled: outside the frustum", tally.outside, tally ),
+    std::vector<LegendRow> rows = { makeRow( palette.outside, "culled: outside the view", tally.outside, tally ),
         makeRow( palette.overlap, "culled: faces away from the eye", tally.behind, tally ),
         makeRow( palette.inside, "drawn", withCone, tally ) };
     if ( tally.visibleWithoutCone.clusters > 0 )

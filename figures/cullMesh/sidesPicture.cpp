@@ -51,7 +51,7 @@ Canvas drawSides( const Shot& shot )
     const std::string nbAll = makeGroupedText( shot.tally.computeTotal().triangles );
     drawCaption( picture, "What a camera need not draw",
         "the teapot in " + makeGroupedText( shot.clusters.size() ) +
-            " clusters of triangles: which lie outside the frustum, which show only their backs?" );
+            " clusters of triangles: which lie outside the view, which show only their backs?" );
     const auto name = [&]( const Area& area, const std::string& text )
     { drawLines( picture, static_cast<float>( area.x ), TOP - 18, { text }, palette.ink, 14 ); };
     name( left, "The camera's view, drawn from what is left" );

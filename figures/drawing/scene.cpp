@@ -12,9 +12,11 @@ using namespace Zq;
 namespace
 {
 
-Camera withAspect( Camera camera, const Area& area )
+// As the raster needs it.
+Camera adapt( Camera camera, const Area& area )
 {
     camera.aspect = static_cast<float>( area.width ) / static_cast<float>( area.height );
+    camera.range = GeDepthRange::MINUS_ONE_TO_ONE;
     return camera;
 }
 
@@ -39,7 +41,7 @@ GeVector3<float> computeNormal( const Polygon& polygon )
 } // namespace
 
 Scene::Scene( const Canvas& picture, const Area& area, Camera camera )
-    : _area( area ), _camera( withAspect( camera, area ) ), _clipMatrix( makeClipMatrix<double>( _camera ) ),
+    : _area( area ), _camera( adapt( camera, area ) ), _clipMatrix( makeClipMatrix<double>( _camera ) ),
       _studio( makeStudio( _camera ) ),
       _raster( picture.cutOut( area ), { 0, 0, static_cast<double>( area.width ), static_cast<double>( area.height ) } )
 {

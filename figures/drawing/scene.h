@@ -19,7 +19,8 @@ public:
     /// The colour of a surface at a place.
     using Paint = std::function<Color( const Zq::GePoint3<float>& )>;
 
-    /// What the picture shows there is the background. The camera gets the area's aspect.
+    /// What the picture shows there is the background. The camera gets the area's aspect, and
+    /// the depth range of the raster.
     Scene( const Canvas& picture, const Area& area, Examples::Camera camera );
 
     void drawSolid( const Solid& solid, const Color& color, float gloss = 0 );

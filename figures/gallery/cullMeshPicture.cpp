@@ -20,8 +20,8 @@ Canvas drawCullMeshPicture()
     const std::vector<Cluster> clusters = makeClusters( mesh, splitIntoRanges( mesh, options.clusterSize ) );
     const Camera camera = makeCameras( options, mesh.points ).front();
     std::vector<Verdict> verdicts;
-    const Zq::GeFrustum<double> frustum( makeClipMatrix<double>( camera ) );
-    Culler( clusters ).judge( frustum, camera.eye, verdicts );
+    const Zq::GeViewVolume<double> volume( makeClipMatrix<double>( camera ), camera.range );
+    Culler( clusters ).judge( volume, camera.eye, verdicts );
     Tally tally;
     tally.add( clusters, verdicts );
     return drawSides( { mesh, clusters, camera, verdicts, tally } );

@@ -178,8 +178,14 @@ TEST_F( CullMesh, StaysRightFromAnyPlace )
               "--near 0.0001 --far 10000", "--fov 179", "--orbit 60 --distance 0.2,0.9,1.01 --near 0.001 --far 100",
               "--orbit 30 --cluster-size 1", "--cluster-size 1000000" } )
     {
-        const Result result = run( "--teapot-segments 8 --no-pictures " + camera );
-        EXPECT_EQ( result.exitCode, 0 ) << camera << result.output << result.errors;
+        for ( const std::string depth : { "minus-one-to-one", "zero-to-one", "reversed", "reversed-infinite" } )
+        {
+            if ( depth != "reversed-infinite" || camera.find( "--far" ) == std::string::npos )
+            {
+                const Result result = run( "--teapot-segments 8 --no-pictures --depth " + depth + " " + camera );
+                EXPECT_EQ( result.exitCode, 0 ) << depth << camera << result.output << result.errors;
+            }
+        }
     }
 }
 
@@ -190,6 +196,25 @@ TEST_F( CullMesh, TakesTheAspectAsHelpPrintsIt )
     const auto readView = [&]( const std::string& name )
     { return nlohmann::json::parse( readFile( getWorkFolder() / name ) )["view"]; };
     EXPECT_EQ( readView( "ratio.json" ), readView( "default.json" ) );
+}
+
+TEST_F( CullMesh, CullsTheSameWhateverDepthIsCalled )
+{
+    ASSERT_EQ( run( "--orbit 20 --json default.json" ).exitCode, 0 );
+    const auto readJson = [&]( const std::string& name )
+    { return nlohmann::json::parse( readFile( getWorkFolder() / name ) ); };
+    const nlohmann::json reference = readJson( "default.json" );
+    EXPECT_EQ( reference["view"]["depth"], "minus-one-to-one" );
+    for ( const std::string depth : { "zero-to-one", "reversed", "reversed-infinite" } )
+    {
+        ASSERT_EQ( run( "--orbit 20 --json other.json --depth " + depth ).exitCode, 0 ) << depth;
+        const nlohmann::json json = readJson( "other.json" );
+        EXPECT_EQ( json["view"]["depth"], depth );
+        EXPECT_EQ( json["verdicts"], reference["verdicts"] ) << depth;
+        EXPECT_EQ( json["cameras"][0]["far"].is_null(), depth == "reversed-infinite" ) << depth;
+    }
+    EXPECT_EQ( run( "--teapot-segments 8 --depth reversed-infinite" ).exitCode, 0 );
+    EXPECT_TRUE( fs::exists( getWorkFolder() / "cullMesh-scene.png" ) );
 }
 
 TEST_F( CullMesh, PrintsTheReportForProgramsWhenAskedTo )
@@ -228,7 +253,8 @@ TEST_F( CullMesh, RefusesBadArguments )
             "--eye 1,2", "--eye 1,2,3,4", "--eye 1,,2", "--eye 1,2,", "--eye nan,0,0", "--eye 1e39,0,0",
             "--eye 1,1,1 --target 1,1,1", "--eye 0,0,0 --target 1e-30,0,0", "--orbit 0", "--orbit 9 --eye 1,1,1",
             "--distance 3", "--orbit 9 --distance 0", "--orbit 9 --distance 1,,2", "--mesh x.obj --teapot-segments 4",
-            "--mesh ''", "--json ''", "--fov 'a\nb'" } )
+            "--mesh ''", "--json ''", "--depth", "--depth ''", "--depth 01", "--depth Reversed",
+            "--depth reversed-infinite --far 5", "--fov 'a\nb'" } )
     {
         expectRefused( arguments );
     }

@@ -8,6 +8,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <limits>
 #include <set>
 
 using namespace CullMesh;
@@ -123,7 +124,7 @@ TEST( Clusters, HoldTheirTriangles )
         {
             for ( const std::uint32_t corner : mesh.triangles[i] )
             {
-                EXPECT_TRUE( cluster.box.contains( GePoint3<double>( mesh.points[corner] ) ) );
+                EXPECT_TRUE( cluster.box.contains( mesh.points[corner] ) );
             }
         }
     }
@@ -189,6 +190,26 @@ TEST( SelfCheck, CountsEveryTriangleThatAWrongVerdictCosts )
     EXPECT_GE( allOutside.outsideButIn, nbInView );
     EXPECT_LE( allOutside.outsideButIn, nbInView + 20 );
     EXPECT_LT( allOutside.outsideButIn, mesh.triangles.size() );
+
+    // clip planes that cut through the mesh leave the same triangles, whatever they are called
+    Camera slice = camera;
+    slice.nearDistance += 0.3F * ( camera.farDistance - camera.nearDistance );
+    slice.farDistance -= 0.3F * ( camera.farDistance - camera.nearDistance );
+    const auto countIn = [&]( GeDepthRange range )
+    {
+        slice.range = range;
+        SelfCheck check;
+        check.add( mesh, clusters, slice, std::vector<Verdict>( clusters.size(), Verdict::OUTSIDE ) );
+        return check.outsideButIn;
+    };
+    const std::size_t nbInSlice = countIn( GeDepthRange::MINUS_ONE_TO_ONE );
+    EXPECT_LT( nbInSlice, allOutside.outsideButIn );
+    EXPECT_EQ( countIn( GeDepthRange::ZERO_TO_ONE ), nbInSlice );
+    EXPECT_EQ( countIn( GeDepthRange::ONE_TO_ZERO ), nbInSlice );
+    slice.farDistance = std::numeric_limits<float>::infinity();
+    const std::size_t nbWithoutFarPlane = countIn( GeDepthRange::ONE_TO_ZERO );
+    EXPECT_GT( nbWithoutFarPlane, nbInSlice );
+    EXPECT_LT( nbWithoutFarPlane, allOutside.outsideButIn );
 
     // nothing of this triangle but its middle is in view
     Mesh large;
