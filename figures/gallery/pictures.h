@@ -21,6 +21,10 @@ Canvas drawPlanesPicture();
 Canvas drawSpheresPicture();
 Canvas drawRotationsPicture();
 Canvas drawTracksPicture();
+/// Those of examples/manyObjects, for its own city.
+Canvas drawCityViewsPicture();
+Canvas drawCityStereoPicture();
+Canvas drawCityDeepPicture();
 /// That of examples/cullMesh, for its own camera and mesh.
 Canvas drawCullMeshPicture();
 

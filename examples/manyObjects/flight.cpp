@@ -1,0 +1,110 @@
+#include "flight.h"
+
+#include <algorithm>
+#include <chrono>
+
+namespace ManyObjects
+{
+
+namespace
+{
+
+template <class Action>
+double measureSeconds( Action action )
+{
+    const auto start = std::chrono::steady_clock::now();
+    action();
+    return std::chrono::duration<double>( std::chrono::steady_clock::now() - start ).count();
+}
+
+// Whether it is proved that a corner of the box is in view.
+bool isSeen( const Box& box, const View& view )
+{
+    for ( int corner = 0; corner < 8; ++corner )
+    {
+        if ( view.classify( box.getCorner( corner ) ) == View::VIEW_INSIDE )
+        {
+            return true;
+        }
+    }
+    return false;
+}
+
+} // namespace
+
+double Row::computeMedian( Way way ) const
+{
+    std::vector<double> sorted = seconds[way];
+    const auto middle = sorted.begin() + static_cast<std::ptrdiff_t>( sorted.size() / 2 );
+    std::nth_element( sorted.begin(), middle, sorted.end() );
+    return *middle;
+}
+
+Flight::Flight( const std::vector<Box>& city, Zq::TaskRunner& runner ) : _city( city ), _runner( runner )
+{
+    _rows[0].name = "0.5 to 2,000 m";
+    _rows[1].name = "reversed depth, no far plane";
+    _rows[2].name = "both eyes, reversed, no far plane";
+    _secondsToBuildWithThreads = measureSeconds( [&] { _tree.build( city.data(), city.size(), &runner ); } );
+    _secondsToBuild = measureSeconds( [&] { _tree.build( city.data(), city.size() ); } );
+}
+
+void Flight::addFrame( const Camera& camera )
+{
+    const Views views = makeViews( camera );
+    Indices kept;
+    addView( views.single, _rows[0], kept );
+    addView( views.endless, _rows[1], kept );
+    addView( views.both, _rows[2], kept );
+
+    // what one eye sees must be drawn, whatever the other one sees
+    for ( const View* eye : { &views.left, &views.right } )
+    {
+        Indices seen;
+        find( *eye, TREE, seen );
+        Indices lost;
+        std::set_difference( seen.begin(), seen.end(), kept.begin(), kept.end(), std::back_inserter( lost ) );
+        // an eye may also keep what lies beyond an edge of its view
+        _nbLost += static_cast<std::size_t>( std::count_if(
+            lost.begin(), lost.end(), [&]( std::uint32_t index ) { return isSeen( _city[index], *eye ); } ) );
+    }
+}
+
+void Flight::find( const View& view, Way way, Indices& kept )
+{
+    kept.resize( _city.size() );
+    kept.resize( way == FLAT ? view.findNotOutside( _city.data(), _city.size(), kept.data() )
+            : way == TREE    ? _tree.findNotOutside( view, kept.data() )
+                             : _tree.findNotOutside( view, kept.data(), &_runner ) );
+}
+
+void Flight::addView( const View& view, Row& row, Indices& kept )
+{
+    Indices others;
+    for ( const Way way : { FLAT, TREE, TREE_THREADS } )
+    {
+        Indices& answer = way == FLAT ? kept : others;
+        answer.resize( _city.size() ); // not to be timed
+        row.seconds[way].push_back( measureSeconds( [&] { find( view, way, answer ); } ) );
+        if ( way != FLAT )
+        {
+            Indices different;
+            std::set_symmetric_difference(
+                kept.begin(), kept.end(), others.begin(), others.end(), std::back_inserter( different ) );
+            row.nbDifferent += different.size();
+        }
+    }
+    row.nbKept += kept.size();
+
+    // whether boxes are wholly inside, too
+    std::vector<unsigned char> flat( _city.size() );
+    std::vector<unsigned char> tree( _city.size() );
+    view.classify( _city.data(), _city.size(), flat.data() );
+    _tree.classify( view, tree.data(), &_runner );
+    for ( std::size_t i = 0; i < flat.size(); ++i )
+    {
+        row.nbDifferent += flat[i] != tree[i] ? 1U : 0U;
+    }
+}
+
+} // namespace ManyObjects
