@@ -90,6 +90,7 @@ int run( const Options& options )
         { "cullMesh.png", drawCullMeshPicture },
         { "frustum.png", [&] { return drawFrustumPicture( frustum ); } },
         { "slack.png", drawSlackPicture },
+        { "viewVolumes.png", drawViewVolumesPicture },
         { "cityViews.png", drawCityViewsPicture },
         { "cityStereo.png", drawCityStereoPicture },
         { "cityDeep.png", drawCityDeepPicture },

@@ -13,6 +13,7 @@ namespace Figures
 Canvas drawShaftPicture( ObjFile& file );
 Canvas drawFrustumPicture( ObjFile& file );
 Canvas drawSlackPicture();
+Canvas drawViewVolumesPicture();
 Canvas drawConesPicture( ObjFile& file );
 Canvas drawSamplesPicture();
 Canvas drawColorsPicture();

@@ -4,7 +4,7 @@
 
 #include "drawing.h"
 #include "legend.h"
-#include "scene.h"
+#include "planeMap.h"
 #include "text.h"
 
 #include <zq/primitives/geCameraBuilder.h>
@@ -16,32 +16,12 @@
 namespace Figures
 {
 
-using namespace Examples;
 using namespace Zq;
 
 namespace
 {
 
 using Frustum = GeFrustum<double>;
-
-// A map of the plane y = 0: x to the right, the depth -z upwards.
-struct Map
-{
-    Area area;
-    double x; // of the lower left corner
-    double depth;
-    double scale; // pixels per unit
-
-    GePoint3<double> pointAt( double column, double row ) const
-    {
-        return { x + ( column - area.x ) / scale, 0, -( depth + ( area.y + area.height - row ) / scale ) };
-    }
-    Spot spotOf( const GePoint3<double>& point ) const
-    {
-        return { static_cast<float>( area.x + ( point.getX() - x ) * scale ),
-            static_cast<float>( area.y + area.height + ( point.getZ() + depth ) * scale ) };
-    }
-};
 
 bool isWithin( const Frustum& frustum, const GePoint3<double>& point )
 {
@@ -56,42 +36,20 @@ bool isWithin( const Frustum& frustum, const GePoint3<double>& point )
 }
 
 // The frustum is asked about every pixel, four times.
-void drawAnswers( Canvas& canvas, const Map& map, const Frustum& frustum )
+void drawAnswers( Canvas& canvas, const PlaneMap& map, const Frustum& frustum )
 {
     const Palette& palette = getPalette();
     const Color outside = mix( palette.white, palette.outside, 0.5F );
-    for ( int y = map.area.y; y < map.area.y + map.area.height; ++y )
-    {
-        for ( int x = map.area.x; x < map.area.x + map.area.width; ++x )
+    map.fill( canvas,
+        [&]( const GePoint3<double>& point, int x, int y ) -> const Color&
         {
-            Color sum;
-            for ( const double dx : { 0.25, 0.75 } )
-            {
-                for ( const double dy : { 0.25, 0.75 } )
-                {
-                    const GePoint3<double> point = map.pointAt( x + dx, y + dy );
-                    const bool isInside = frustum.classify( point ) == Frustum::FRUSTUM_INSIDE;
-                    const bool isStripe = ( x + y ) % 14 < 7;
-                    const Color& color = !isInside   ? outside
-                        : isWithin( frustum, point ) ? palette.volume
-                        : isStripe                   ? palette.overlap
-                                                     : palette.white;
-                    sum = sum + color * 0.25F;
-                }
-            }
-            canvas.setPixel( x, y, sum );
-        }
-    }
-}
-
-void drawFrame( Canvas& canvas, const Area& area, double width )
-{
-    const auto left = static_cast<float>( area.x );
-    const auto top = static_cast<float>( area.y );
-    const auto right = static_cast<float>( area.x + area.width );
-    const auto bottom = static_cast<float>( area.y + area.height );
-    drawPolyline( canvas, { { left, top }, { right, top }, { right, bottom }, { left, bottom }, { left, top } },
-        static_cast<float>( width ), getPalette().ink );
+            const bool isInside = frustum.classify( point ) == Frustum::FRUSTUM_INSIDE;
+            const bool isStripe = ( x + y ) % 14 < 7;
+            return !isInside                 ? outside
+                : isWithin( frustum, point ) ? palette.volume
+                : isStripe                   ? palette.overlap
+                                             : palette.white;
+        } );
 }
 
 } // namespace
@@ -107,23 +65,15 @@ Canvas drawSlackPicture()
     const GePoint3<double> corner( slope, 0, -1 );
 
     Canvas picture = makeBackground( 1100, 760 );
-    const Map whole = { { 28, 150, 500, 420 }, -2.5, -0.1, 100 };
+    const PlaneMap whole = { { 28, 150, 500, 420 }, -2.5, -0.1, 100 };
     const double zoom = 420 / ( 8 * SLACK );
-    const Map close = { { 572, 150, 500, 420 }, corner.getX() - 280 / zoom, 1 - 150 / zoom, zoom };
+    const PlaneMap close = { { 572, 150, 500, 420 }, corner.getX() - 280 / zoom, 1 - 150 / zoom, zoom };
     drawAnswers( picture, whole, frustum );
     drawAnswers( picture, close, frustum );
 
     // the planes themselves, as they cut y = 0
-    const auto planeLine = [&]( const Map& map, const GePoint3<double>& a, const GePoint3<double>& b )
-    {
-        const Spot begin = map.spotOf( a );
-        const Spot end = map.spotOf( b );
-        Canvas part = picture.cutOut( map.area );
-        const auto dx = static_cast<float>( map.area.x );
-        const auto dy = static_cast<float>( map.area.y );
-        drawStroke( part, { begin.x - dx, begin.y - dy }, { end.x - dx, end.y - dy }, 2, palette.edge );
-        picture.paste( part, map.area.x, map.area.y );
-    };
+    const auto planeLine = [&]( const PlaneMap& map, const GePoint3<double>& a, const GePoint3<double>& b )
+    { map.drawLine( picture, a, b, 2, palette.edge ); };
     const auto pointAt = [&]( double side, double depth ) -> GePoint3<double> {
         return { side * slope * depth, 0, -depth };
     };
@@ -135,12 +85,12 @@ Canvas drawSlackPicture()
     planeLine( whole, pointAt( -1, 4 ), pointAt( 1, 4 ) );
     planeLine( close, pointAt( 1, 1 - 10 * SLACK ), pointAt( 1, 1 + 10 * SLACK ) );
     planeLine( close, { corner.getX() - 10 * SLACK, 0, -1 }, { corner.getX() + 10 * SLACK, 0, -1 } );
-    drawFrame( picture, whole.area, 1.2 );
-    drawFrame( picture, close.area, 1.2 );
+    whole.drawFrame( picture );
+    close.drawFrame( picture );
 
     // where the right map lies in the left one
     const Spot mark = whole.spotOf( corner );
-    drawFrame( picture, { static_cast<int>( mark.x ) - 9, static_cast<int>( mark.y ) - 9, 18, 18 }, 1.6 );
+    drawFrame( picture, { static_cast<int>( mark.x ) - 9, static_cast<int>( mark.y ) - 9, 18, 18 }, 1.6F );
     drawDashes( picture, { { mark.x + 9, mark.y - 9 }, { 572, 150 } }, 1.2F, palette.ink, 6, 5 );
     drawDashes( picture, { { mark.x + 9, mark.y + 9 }, { 572, 570 } }, 1.2F, palette.ink, 6, 5 );
     const Spot eye = whole.spotOf( {} );

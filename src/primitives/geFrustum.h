@@ -34,6 +34,12 @@ namespace Zq
 /// cure for float.
 /// docs/culling.md has the figures.
 ///
+/// GeViewVolume takes all that is left out here, and proves its verdicts: depth from 0 to 1 and reversed depth, which it
+/// is told; an infinitely far plane, reported here, which it leaves out; far planes of any distance, also in float;
+/// scenes in small units, since it has no slack; matrices without inverse, or of sizes that the inverse takes for that;
+/// boxes that may be empty; and boxes beyond an edge, by GeViewVolume::classifyTight(). Spheres, placed boxes and several
+/// eyes at once are its alone.
+///
 /// Source of the rows: G. Gribb and K. Hartmann, Fast Extraction of Viewing Frustum Planes, 2001.
 ///
 /// Text form: for each plane a line end, then "plane( 0 ) = [a, b, c, d]"; it begins with a line end and ends without.
@@ -60,7 +66,7 @@ public:
 
     /// Reports "nonSingular" (src/base/matrix4x4Imp, line 175) for a matrix without inverse, "len > 0"
     /// (src/primitives/geVector3.inline, line 496) where the sum or difference of two rows has no direction, as for an
-    /// infinitely far plane.
+    /// infinitely far plane. GeViewVolume takes both.
     /// Traces its steps at the level "GeFrustum".
     explicit GeFrustum( const GeProjectiveMatrix3<T>& projection );
     /// Copies the planes.
@@ -96,8 +102,9 @@ public:
 
     /// Looks at the two corners of the box that are extreme along each normal. FRUSTUM_OUTSIDE and FRUSTUM_INSIDE are
     /// certain; FRUSTUM_INTERSECT is cautious: a box beyond an edge or a corner of the volume, yet wholly beyond none
-    /// of the planes, is said to intersect. A NaN value intersects. An empty box is not recognised: the canonical one
-    /// is FRUSTUM_INSIDE, so ask GeAlignedBox3::isEmpty() first where boxes may be empty.
+    /// of the planes, is said to intersect; GeViewVolume::classifyTight() tells. A NaN value intersects. An empty box is
+    /// not recognised: the canonical one is FRUSTUM_INSIDE, so ask GeAlignedBox3::isEmpty() first where boxes may be
+    /// empty, or a GeViewVolume, for which they are outside.
     /// Source: U. Assarsson and T. Moeller, Optimized View Frustum Culling Algorithms for Bounding Boxes, 2000.
     Classification classify( const GeAlignedBox3<T>& box ) const;
 

@@ -12,7 +12,7 @@ endif()
 # A PNG begins with its signature, and width and height are the numbers at byte 16: 0000wwww0000hhhh here. Then come the
 # bits a channel, 8, and the kind: 02 is true colour.
 file( GLOB images RELATIVE "${IMAGES}" "${IMAGES}/*.png" )
-set( pictures cullMesh frustum slack cityViews cityStereo cityDeep cones shaft planes spheres clipping rotations tracks samples colors )
+set( pictures cullMesh frustum slack viewVolumes cityViews cityStereo cityDeep cones shaft planes spheres clipping rotations tracks samples colors )
 foreach( name IN LISTS pictures )
     list( REMOVE_ITEM images "${name}.png" )
     foreach( file IN ITEMS "${OUT}/${name}.png" "${IMAGES}/${name}.png" )
