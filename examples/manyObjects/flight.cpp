@@ -45,6 +45,8 @@ Flight::Flight( const std::vector<Box>& city, Zq::TaskRunner& runner ) : _city( 
     _rows[0].name = "0.5 to 2,000 m";
     _rows[1].name = "reversed depth, no far plane";
     _rows[2].name = "both eyes, reversed, no far plane";
+    _rows[3].name = "all three, a thread takes a view";
+    _rows[3].nbViews = 3;
     _secondsToBuildWithThreads = measureSeconds( [&] { _tree.build( city.data(), city.size(), &runner ); } );
     _secondsToBuild = measureSeconds( [&] { _tree.build( city.data(), city.size() ); } );
 }
@@ -52,10 +54,10 @@ Flight::Flight( const std::vector<Box>& city, Zq::TaskRunner& runner ) : _city( 
 void Flight::addFrame( const Camera& camera )
 {
     const Views views = makeViews( camera );
-    Indices kept;
-    addView( views.single, _rows[0], kept );
-    addView( views.endless, _rows[1], kept );
-    addView( views.both, _rows[2], kept );
+    addViews( { &views.single }, _rows[0] );
+    addViews( { &views.endless }, _rows[1] );
+    addViews( { &views.single, &views.endless, &views.both }, _rows[3] );
+    const Indices kept = addViews( { &views.both }, _rows[2] );
 
     // what one eye sees must be drawn, whatever the other one sees
     for ( const View* eye : { &views.left, &views.right } )
@@ -78,25 +80,56 @@ void Flight::find( const View& view, Way way, Indices& kept )
                              : _tree.findNotOutside( view, kept.data(), &_runner ) );
 }
 
-void Flight::addView( const View& view, Row& row, Indices& kept )
+void Flight::findTogether( const std::vector<const View*>& views, Way way, std::vector<Indices>& kept )
 {
-    Indices others;
+    if ( way != TREE_THREADS || views.size() == 1 )
+    {
+        for ( std::size_t i = 0; i < views.size(); ++i )
+        {
+            find( *views[i], way, kept[i] );
+        }
+        return;
+    }
+    // one thread for each view: queries may run side by side
+    auto findOne = [&]( std::size_t i ) { find( *views[i], TREE, kept[i] ); };
+    _runner.run(
+        views.size(), []( void* context, std::size_t i ) { ( *static_cast<decltype( findOne )*>( context ) )( i ); },
+        &findOne );
+}
+
+Flight::Indices Flight::addViews( const std::vector<const View*>& views, Row& row )
+{
+    // with room for all, so that no memory is asked for while time is taken
+    const std::vector<Indices> room( views.size(), Indices( _city.size() ) );
+    std::vector<Indices> kept;
     for ( const Way way : { FLAT, TREE, TREE_THREADS } )
     {
-        Indices& answer = way == FLAT ? kept : others;
-        answer.resize( _city.size() ); // not to be timed
-        row.seconds[way].push_back( measureSeconds( [&] { find( view, way, answer ); } ) );
-        if ( way != FLAT )
+        std::vector<Indices> answers = room;
+        row.seconds[way].push_back( measureSeconds( [&] { findTogether( views, way, answers ); } ) );
+        if ( way == FLAT )
+        {
+            kept = std::move( answers );
+            continue;
+        }
+        for ( std::size_t i = 0; i < views.size(); ++i )
         {
             Indices different;
             std::set_symmetric_difference(
-                kept.begin(), kept.end(), others.begin(), others.end(), std::back_inserter( different ) );
+                kept[i].begin(), kept[i].end(), answers[i].begin(), answers[i].end(), std::back_inserter( different ) );
             row.nbDifferent += different.size();
         }
     }
-    row.nbKept += kept.size();
+    for ( std::size_t i = 0; i < views.size(); ++i )
+    {
+        row.nbKept += kept[i].size();
+        checkVerdicts( *views[i], row );
+    }
+    return kept.back();
+}
 
-    // whether boxes are wholly inside, too
+// Whether they agree about what is wholly inside, too.
+void Flight::checkVerdicts( const View& view, Row& row )
+{
     std::vector<unsigned char> flat( _city.size() );
     std::vector<unsigned char> tree( _city.size() );
     view.classify( _city.data(), _city.size(), flat.data() );

@@ -18,14 +18,15 @@ enum Way
 {
     FLAT,         // the array, box by box
     TREE,         // the tree
-    TREE_THREADS, // the tree, with the threads of a runner
+    TREE_THREADS, // the tree, with the threads of a runner: they share a view, or take one each where there are several
     NB_WAYS
 };
 
-/// What was found out about one kind of view.
+/// What was found out about one kind of view, or about several that are asked together.
 struct Row
 {
     std::string name;
+    std::size_t nbViews = 1;
     std::array<std::vector<double>, NB_WAYS> seconds; // for each frame
     std::size_t nbKept = 0;                           // summed over all frames
     std::size_t nbDifferent = 0;                      // verdicts and indices that are not the same in all ways
@@ -33,7 +34,7 @@ struct Row
     double computeMedian( Way way ) const;
 };
 
-/// Asks about all boxes, once per frame, view and way, and compares the answers.
+/// Asks about all boxes, once per frame, row and way, and compares the answers.
 class Flight
 {
 public:
@@ -42,7 +43,7 @@ public:
 
     void addFrame( const Camera& camera );
 
-    const std::array<Row, 3>& getRows() const { return _rows; }
+    const std::array<Row, 4>& getRows() const { return _rows; }
     /// Boxes with a corner that is proved to be in the view of one eye, but not kept for both.
     std::size_t getNbLost() const { return _nbLost; }
     /// Of the tree, without and with threads.
@@ -53,12 +54,15 @@ private:
     using Indices = std::vector<std::uint32_t>;
 
     void find( const View& view, Way way, Indices& kept );
-    void addView( const View& view, Row& row, Indices& kept );
+    void findTogether( const std::vector<const View*>& views, Way way, std::vector<Indices>& kept );
+    /// Returns what the last view keeps.
+    Indices addViews( const std::vector<const View*>& views, Row& row );
+    void checkVerdicts( const View& view, Row& row );
 
     const std::vector<Box>& _city;
     Zq::TaskRunner& _runner;
     Zq::GeAlignedBoxTree<float> _tree;
-    std::array<Row, 3> _rows;
+    std::array<Row, 4> _rows;
     std::size_t _nbLost = 0;
     double _secondsToBuild = 0;
     double _secondsToBuildWithThreads = 0;

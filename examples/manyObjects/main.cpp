@@ -90,7 +90,7 @@ void printTable( const Options& options, const Flight& flight )
         << "         mean       share     differ\n";
     for ( const Row& row : flight.getRows() )
     {
-        const auto nbAsked = static_cast<double>( options.nbFrames ) * static_cast<double>( options.nbBoxes );
+        const auto nbAsked = static_cast<double>( options.nbFrames * options.nbBoxes * row.nbViews );
         std::cout << "  " << std::left << std::setw( 33 ) << row.name << std::right;
         for ( const Way way : { FLAT, TREE, TREE_THREADS } )
         {

@@ -182,8 +182,10 @@ TEST_F( CullMesh, StaysRightFromAnyPlace )
         {
             if ( depth != "reversed-infinite" || camera.find( "--far" ) == std::string::npos )
             {
-                const Result result = run( "--teapot-segments 8 --no-pictures --depth " + depth + " " + camera );
-                EXPECT_EQ( result.exitCode, 0 ) << depth << camera << result.output << result.errors;
+                std::string arguments = "--teapot-segments 8 --no-pictures --depth " + depth;
+                arguments.append( " " ).append( camera );
+                const Result result = run( arguments );
+                EXPECT_EQ( result.exitCode, 0 ) << arguments << result.output << result.errors;
             }
         }
     }
