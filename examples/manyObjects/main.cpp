@@ -15,6 +15,7 @@
 
 #include <CLI/CLI.hpp>
 
+#include <algorithm>
 #include <filesystem>
 #include <iomanip>
 #include <iostream>
@@ -81,7 +82,7 @@ void printTable( const Options& options, const Flight& flight )
 {
     const std::string threads = makeCountText( options.nbThreads, "thread" );
     std::cout
-        << "a city of " << makeGroupedText( options.nbBoxes ) << " boxes, "
+        << "a city of " << makeGroupedText( options.nbBoxes ) << ( options.nbBoxes == 1 ? " box, " : " boxes, " )
         << makeCountText( options.nbFrames, "frame" ) << "\nthe tree is built in "
         << makeMilliseconds( flight.getSecondsToBuild(), 1 ) << " ms, with " << threads << " in "
         << makeMilliseconds( flight.getSecondsToBuildWithThreads(), 1 ) << " ms\n\n"

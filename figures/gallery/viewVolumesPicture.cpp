@@ -89,7 +89,7 @@ constexpr double SCALE = 80;
 
 Panel makePanel( int index, const std::string& title, const std::string& subtitle )
 {
-    return { { { 28 + 522 * index, TOP, WIDTH, DEPTH }, -WIDTH / 2 / SCALE, -0.85, SCALE }, title, subtitle };
+    return { { { 28 + 522 * index, TOP, WIDTH, DEPTH }, -0.5 * WIDTH / SCALE, -0.85, SCALE }, title, subtitle };
 }
 
 void finish( Canvas& picture, const Panel& panel, const std::vector<LegendRow>& rows )

@@ -4,7 +4,8 @@
 #include "city.h"
 #include "drawing.h"
 
-#include <array>
+#include <string>
+#include <vector>
 
 namespace ManyObjects
 {
@@ -46,7 +47,7 @@ private:
 /// How many boxes have each verdict, as text.
 std::vector<std::string> countVerdicts( const Verdicts& verdicts, std::size_t nbKinds );
 
-/// The three places of a row of square panels, and their size in pixels.
+/// The place of a square panel among two or three in a row.
 Figures::Area makePanel( int index, int nbPanels );
 
 } // namespace ManyObjects
