@@ -74,7 +74,7 @@ std::vector<std::string> makeLines( const std::vector<Box>& city, float side )
                 nbLost[1] += answers.ofVolume[box] == 2 ? 1U : 0U;
             }
         }
-        lines.push_back( "far " + makeGroupedText( static_cast<std::size_t>( ratio / 10000 + 0.5F ) ) + " km: of " +
+        lines.push_back( "far " + makeDecimalText( static_cast<double>( ratio ) / 10000, 0 ) + " km: of " +
             makeGroupedText( nbSeen ) + " boxes, GeFrustum loses " + makeGroupedText( nbLost[0] ) + ", GeViewVolume " +
             makeGroupedText( nbLost[1] ) );
     }
@@ -97,7 +97,7 @@ Canvas drawDeep( const std::vector<Box>& city, float side )
     {
         const Area area = makePanel( index, 2 );
         const CityMap map( area, {}, side );
-        const std::vector<std::string> counts = countVerdicts( verdicts, colors.size() );
+        std::vector<std::string> counts = countVerdicts( verdicts, colors.size() );
         map.drawCity( picture, city, verdicts, colors );
         map.drawPath( picture, side );
         map.drawEye( picture, camera );
