@@ -33,23 +33,23 @@ public:
     }
 
     /// The verdicts on all clusters, in their order, replace what is in `verdicts`. The volume is that of
-    /// projection * view, for the depth range of the projection. In single precision it would be just as right about a
-    /// matrix in single precision; this one is in double because that is the matrix which the self-check goes by.
-    void judge( const Zq::GeViewVolume<double>& volume, const Zq::GePoint3<float>& eye, std::vector<Verdict>& verdicts )
+    /// projection * view, for the depth range of the projection: of the very matrix that the points are multiplied with.
+    /// Single precision is enough, however deep the view is: the verdicts are proved for the elements that the matrix has.
+    void judge( const Zq::GeViewVolume<float>& volume, const Zq::GePoint3<float>& eye, std::vector<Verdict>& verdicts )
     {
         askBoxes( volume );
         askCones( eye );
         verdicts.resize( _boxes.size() );
         for ( std::size_t i = 0; i < verdicts.size(); ++i )
         {
-            verdicts[i] = _boxAnswers[i] == Zq::GeViewVolume<double>::VIEW_OUTSIDE ? Verdict::OUTSIDE
-                : _coneAnswers[i] != 0                                             ? Verdict::BEHIND
-                                                                                   : Verdict::VISIBLE;
+            verdicts[i] = _boxAnswers[i] == Zq::GeViewVolume<float>::VIEW_OUTSIDE ? Verdict::OUTSIDE
+                : _coneAnswers[i] != 0                                            ? Verdict::BEHIND
+                                                                                  : Verdict::VISIBLE;
         }
     }
 
     // The two questions by themselves, to be timed.
-    void askBoxes( const Zq::GeViewVolume<double>& volume )
+    void askBoxes( const Zq::GeViewVolume<float>& volume )
     {
         volume.classify( _boxes.data(), _boxes.size(), _boxAnswers.data() );
     }

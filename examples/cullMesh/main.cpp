@@ -72,7 +72,7 @@ void cull( const Mesh& mesh, const std::vector<Cluster>& clusters, Culler& culle
         progress.show( i );
         const Camera& camera = report.cameras[i];
         const Stopwatch culling;
-        const Zq::GeViewVolume<double> volume( makeClipMatrix<double>( camera ), camera.range );
+        const Zq::GeViewVolume<float> volume( makeClipMatrix<float>( camera ), camera.range );
         culler.judge( volume, camera.eye, verdicts );
         report.timing.culling += culling.getSeconds() / static_cast<double>( report.cameras.size() );
 

@@ -27,6 +27,20 @@ bool isTurnedTo( const Mesh& mesh, const Triangle& triangle, const GePoint3<doub
     return toEye.dot( computeAreaVector( mesh, triangle ) ) > 0;
 }
 
+// The same elements.
+GeProjectiveMatrix3<double> widen( const GeProjectiveMatrix3<float>& matrix )
+{
+    GeProjectiveMatrix3<double> wide;
+    for ( int row = 0; row < 4; ++row )
+    {
+        for ( int column = 0; column < 4; ++column )
+        {
+            wide( row, column ) = static_cast<double>( matrix( row, column ) );
+        }
+    }
+    return wide;
+}
+
 // Positive inside the clip plane: 0, 1 left and right, 2, 3 bottom and top, 4, 5 smallest and largest depth, whichever of
 // the two is near.
 double computeClipValue( const Clip& clip, int plane, GeDepthRange range )
@@ -86,7 +100,7 @@ void SelfCheck::add(
     const Mesh& mesh, const std::vector<Cluster>& clusters, const Camera& camera, const std::vector<Verdict>& verdicts )
 {
     const GePoint3<double> eye( camera.eye );
-    const GeProjectiveMatrix3<double> clipMatrix = makeClipMatrix<double>( camera );
+    const GeProjectiveMatrix3<double> clipMatrix = widen( makeClipMatrix<float>( camera ) );
     for ( std::size_t i = 0; i < clusters.size(); ++i )
     {
         const TriangleRange& range = clusters[i].triangles;

@@ -17,7 +17,7 @@ struct SelfCheck
     std::size_t computeViolations() const { return behindButTurned + outsideButIn; }
 
     /// Looks at the verdicts of a camera triangle by triangle in double precision, without bounds, volume and cones,
-    /// and without a tolerance: by what the camera's clip matrix and its depth range say.
+    /// and without a tolerance: by what the elements of the camera's clip matrix and its depth range say.
     void add( const Mesh& mesh, const std::vector<Cluster>& clusters, const Camera& camera,
         const std::vector<Verdict>& verdicts );
 };

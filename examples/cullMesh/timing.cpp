@@ -27,7 +27,7 @@ double measureSeconds( Action action )
 
 void measureTests( Culler& culler, const Camera& camera, Timing& timing )
 {
-    const Zq::GeViewVolume<double> volume( makeClipMatrix<double>( camera ), camera.range );
+    const Zq::GeViewVolume<float> volume( makeClipMatrix<float>( camera ), camera.range );
     timing.boxTests = measureSeconds( [&] { culler.askBoxes( volume ); } );
     timing.coneTests = measureSeconds( [&] { culler.askCones( camera.eye ); } );
 }

@@ -20,7 +20,7 @@ Canvas drawCullMeshPicture()
     const std::vector<Cluster> clusters = makeClusters( mesh, splitIntoRanges( mesh, options.clusterSize ) );
     const Camera camera = makeCameras( options, mesh.points ).front();
     std::vector<Verdict> verdicts;
-    const Zq::GeViewVolume<double> volume( makeClipMatrix<double>( camera ), camera.range );
+    const Zq::GeViewVolume<float> volume( makeClipMatrix<float>( camera ), camera.range );
     Culler( clusters ).judge( volume, camera.eye, verdicts );
     Tally tally;
     tally.add( clusters, verdicts );
