@@ -17,7 +17,7 @@ namespace
 
 using Zq::GePoint3;
 
-constexpr double MAX_COORDINATE = 1000;
+constexpr double MAX_OPTION = 1000;
 
 constexpr Depth DEPTHS[] = {
     { "minus-one-to-one", Zq::GeDepthRange::MINUS_ONE_TO_ONE, true },
@@ -42,7 +42,7 @@ std::vector<float> parseList( const std::string& option, const std::string& text
 
 GePoint3<float> parsePoint( const std::string& option, const std::string& text )
 {
-    const std::vector<float> numbers = parseList( option, text, -MAX_COORDINATE, MAX_COORDINATE );
+    const std::vector<float> numbers = parseList( option, text, -MAX_OPTION, MAX_OPTION );
     if ( numbers.size() != 3 )
     {
         throw Examples::BadInput( option + ": '" + text + "' is not three numbers x,y,z" );
@@ -203,7 +203,7 @@ std::optional<Options> parseOptions( int argc, const char* const* argv )
         "Totals over so many eyes around the mesh, looking at its centre; no pictures" );
     orbit->excludes( eye )->excludes( target );
     parser
-        .addList( "--distance", options.orbitDistances, 0.001, MAX_COORDINATE,
+        .addList( "--distance", options.orbitDistances, 0.001, MAX_OPTION,
             "How far the eyes of --orbit are from its centre, in turn [1.25,2.5,6]" )
         ->needs( orbit );
 
