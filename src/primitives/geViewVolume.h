@@ -50,10 +50,13 @@ struct VolumePlanes;
 /// bound makes it VIEW_INTERSECT. The verdicts of classify( box ) are monotone: a box within one that is VIEW_OUTSIDE
 /// is so, too, and likewise for VIEW_INSIDE.
 ///
-/// Volumes that are made of others, by makeUnion() and computeSwept(), enclose all of them. There VIEW_OUTSIDE means
-/// outside each, and VIEW_INSIDE within the planes of the enclosing volume, which can be outside each as well.
+/// The union of two views keeps the planes of both. VIEW_OUTSIDE then means outside both, wholly beyond a plane of each,
+/// and VIEW_INSIDE wholly within one of the two. Other volumes that are made of several, the union of more than two and
+/// computeSwept(), are convex and enclose all of them: VIEW_OUTSIDE means outside each, and VIEW_INSIDE within the planes
+/// of the enclosing volume, which can be outside each as well.
 ///
-/// Text form: for each plane a line end, then "plane( 0 ) = [a, b, c, d]"; nothing for a volume without planes.
+/// Text form: for each plane a line end, then "plane( 0 ) = [a, b, c, d]", or "plane( 0, view 1 ) = [a, b, c, d]" for one
+/// that bounds one view of two alone; nothing for a volume without planes.
 ///
 /// Sources. Rows: G. Gribb and K. Hartmann, Fast Extraction of Viewing Frustum Planes, 2001. Certificates of tight
 /// verdicts and of unions: J. Farkas, Theorie der einfachen Ungleichungen, 1902.
@@ -86,10 +89,14 @@ public:
     /// Reports "isFinite( matrix )" (src/primitives/geViewVolume.imp) for an element that is NaN or infinite.
     GeViewVolume( const GeProjectiveMatrix3<T>& matrix, GeDepthRange range );
 
-    /// A volume that holds all of the given ones: close to their convex hull, of at most NB_MAX_PLANES planes. For
-    /// two eyes, for the views of one frame. Each plane is proved to have every volume on its inner side, infinite
-    /// ones included; where there is no such plane on any side, as for the six faces of a cube, there are none, and
-    /// nothing is outside. An empty volume adds nothing; the union of none is empty. The planes have no sides.
+    /// A volume that holds all of the given ones: for two eyes, for the views of one frame. The planes have no sides.
+    ///
+    /// Of two, it is the union itself: the planes of both, those that they share once, as long as these are not more
+    /// than NB_MAX_PLANES; two views of six always fit. Planes that differ by some roundings alone count as shared.
+    /// Of more, or of two that are hulls, it is close to their convex hull, of at most NB_MAX_PLANES planes. Each is
+    /// proved to have every volume on its inner side, infinite ones included; where there is no such plane on any side,
+    /// as for the six faces of a cube, there are none, and nothing is outside. The union of two counts as the two. An
+    /// empty volume adds nothing, and so does one that bounds all that another does; the union of none is empty.
     static GeViewVolume makeUnion( const GeViewVolume* views, std::size_t count );
 
     /// The volume swept by this one when the eye, and all with it, moves by every vector of the box: for one set of
@@ -125,6 +132,9 @@ public:
     GePlane3<T> getPlane( int plane ) const;
     /// Which side the plane belongs to, 0 to 5 as above; -1 in a union. Ascending. Reports as getPlane().
     int getSide( int plane ) const;
+    /// Which of two views the plane bounds alone in their union: 0 or 1; -1 when it bounds all that there is. Ascending
+    /// from -1. Reports as getPlane().
+    int getView( int plane ) const;
     /// Whether no inequality holds for any point because one holds nowhere. That planes exclude each other is not seen.
     bool isEmpty() const;
     /// Whether computePart() can be asked for.
@@ -164,7 +174,9 @@ public:
     Classification classifyTight( const GeAlignedBox3<T>& box ) const;
 
     /// The first plane that the box is proved to be wholly beyond; -1 when there is none. A witness for classify( box
-    /// ): it is VIEW_OUTSIDE exactly when the box is inverted or there is such a plane.
+    /// ): it is VIEW_OUTSIDE exactly when the box is inverted or there is such a plane. In the union of two views, where
+    /// no plane that bounds both will do, the first of each: a + NB_MAX_PLANES * b for plane a of view 0 and plane b of
+    /// view 1, so that what is not below NB_MAX_PLANES stands for two.
     int findSeparatingPlane( const GeAlignedBox3<T>& box ) const;
 
     /// The same for arrays, and much faster: verdict i, a byte with the value of the enumerator, is what the call for
@@ -230,6 +242,14 @@ private:
     GeViewVolume();
     /// Adds what `coefficients` bound, each off by at most its error, or finds that it bounds nothing.
     void addPlane( int side, const T ( &coefficients )[4], T normalError, T offsetError );
+    /// Appends a plane of another volume, without its side.
+    void appendPlane( const GeViewVolume& from, int plane );
+    /// Appends one plane for one of a and one of b, unless they differ by more than roundings.
+    bool appendShared( const GeViewVolume& a, int planeOfA, const GeViewVolume& b, int planeOfB );
+    /// The union of two convex volumes; false when it has too many planes.
+    static bool join( const GeViewVolume& a, const GeViewVolume& b, GeViewVolume& both );
+    /// One of two views, without sides; of any other volume all planes.
+    GeViewVolume getVolumeOfView( int view ) const;
     /// Works out the error bound of a plane's values from its coefficients and their errors.
     void setErrors( int plane );
     /// Adds the planes of the matrix between these bounds.
@@ -245,6 +265,7 @@ private:
     GeDepthRange _range;
     int _sides[NB_MAX_PLANES];
     int _nbPlanes;
+    int _nbOfView[2]; // how many of the last planes bound the first view of two alone, then the second; both or none
     bool _hasMatrix;
 };
 

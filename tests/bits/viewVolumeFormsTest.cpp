@@ -48,10 +48,13 @@ Detail::VolumePlanes<T> gatherPlanes( const GeViewVolume<T>& volume )
     T rows[9][std::size_t( GeViewVolume<T>::NB_MAX_PLANES )];
     std::memcpy( rows, &volume, sizeof rows );
     Detail::VolumePlanes<T> planes = {};
-    planes.count = volume.getNbPlanes();
-    for ( int i = 0; i < planes.count; ++i )
+    for ( int i = 0; i < volume.getNbPlanes(); ++i )
+    {
+        for ( int kind = volume.getView( i ) + 1; kind < 3; ++kind )
+            planes.ends[kind] = i + 1;
         planes.planes[i] = { rows[0][i], rows[1][i], rows[2][i], rows[3][i], rows[4][i], rows[5][i], rows[6][i],
             rows[0][i] > 0 ? 0 : 1, rows[1][i] > 0 ? 2 : 3, rows[2][i] > 0 ? 4 : 5 };
+    }
     return planes;
 }
 
@@ -60,9 +63,9 @@ Detail::VolumePlanes<T> gatherPlanes( const GeViewVolume<T>& volume )
 template <class T>
 void moveToThreshold( Random& random, const Detail::VolumePlanes<T>& planes, GeAlignedBox3<T>& box )
 {
-    if ( planes.count == 0 )
+    if ( planes.ends[2] == 0 )
         return;
-    const Detail::VolumePlane<T>& p = planes.planes[random.index( planes.count )];
+    const Detail::VolumePlane<T>& p = planes.planes[random.index( planes.ends[2] )];
     const GeVector3<T> n( p.x, p.y, p.z );
     const bool isNear = random.index( 2 ) == 0;
     const GePoint3<T> corner = isNear ? box.getNearCorner( n ) : box.getFarCorner( n );
@@ -121,7 +124,7 @@ ZQ_TWIN_TEST( ViewVolumeForms, EqualSingleCalls )
 ZQ_TWIN_TEST( ViewVolumeForms, TiesAreNotDecided )
 {
     Detail::VolumePlanes<T> planes = {};
-    planes.count = 1;
+    std::fill_n( planes.ends, 3, 1 );
     planes.planes[0] = { 1, 0, 0, 0, 0, T( 0.5 ), 1, 0, 3, 5 };
     const T above = std::nextafter( T( 0.5 ), T( 1 ) );
     const auto check = [&]( const auto& kernels, Random&, int )

@@ -26,7 +26,7 @@ struct VolumePlane
 template <class T>
 struct VolumePlanes
 {
-    int count;
+    int ends[3]; // of those that bound all there is, of those of the first view of two alone, of those of the second
     VolumePlane<T> planes[GeViewVolume<T>::NB_MAX_PLANES];
 };
 
@@ -41,7 +41,7 @@ struct ZQ_PRIMITIVES_API GeViewVolumeKernels
         const VolumePlanes<T>& volume, const GeSphere3<T>* spheres, std::size_t count, unsigned char* verdicts );
     void ( *classifyBoxes )(
         const VolumePlanes<T>& volume, const GeAlignedBox3<T>* boxes, std::size_t count, unsigned char* verdicts );
-    /// The first plane that a box is beyond, 0xFF for none.
+    /// What findSeparatingPlane() answers, 0xFF for -1.
     void ( *findSeparatingPlanes )(
         const VolumePlanes<T>& volume, const GeAlignedBox3<T>* boxes, std::size_t count, unsigned char* planes );
 
