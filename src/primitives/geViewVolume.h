@@ -255,6 +255,16 @@ private:
     /// Adds the planes of the matrix between these bounds.
     void addBounds( T x0, T x1, T y0, T y1, T z0, T z1 );
 
+    /// What the verdict makes of the planes; it depends on whether there are two views.
+    template <class Verdict>
+    Classification classifyBy( Verdict verdict, const GeSphere3<T>& sphere ) const;
+    template <class Verdict>
+    Classification classifyBy( Verdict verdict, const GeAlignedBox3<T>& box ) const;
+    template <class Verdict>
+    Classification classifyBy( Verdict verdict, const GeAlignedBox3<T>& box, const GeAffineMatrix3<T>& toWorld ) const;
+    template <class... Items>
+    [[gnu::noinline]] Classification classifyByTwo( const Items&... items ) const;
+
     /// This volume with all numbers in double; its values have the errors of double arithmetic.
     GeViewVolume<double> computeInDouble() const;
     /// The planes, one after the other, as the kernels take them.
