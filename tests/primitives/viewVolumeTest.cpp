@@ -17,8 +17,9 @@ using ZqTest::NB_FAMILIES;
 ZQ_TWIN_SUITE( ViewVolume );
 
 /// A pair of eyes that look along -z, 0.064 apart, each turned outwards by the angle; depth from 0 to 1, from 0.1 on. The
-/// head may stand and look elsewhere.
-std::array<Camera, 2> makeEyes( double angle, double offCentre, double farDistance, Random* head = nullptr )
+/// head may stand and look elsewhere; then the place of each eye is rounded, by so much of it.
+std::array<Camera, 2> makeEyes(
+    double angle, double offCentre, double farDistance, Random* head = nullptr, double rounding = 0 )
 {
     std::array<Camera, 2> eyes;
     ZqTest::Rows pose = { { { 1, 0, 0, 0 }, { 0, 1, 0, 0 }, { 0, 0, 1, 0 }, { 0, 0, 0, 1 } } };
@@ -37,9 +38,12 @@ std::array<Camera, 2> makeEyes( double angle, double offCentre, double farDistan
         projection[0] = { 0.9L, 0, side * offCentre, 0 };
         projection[1] = { 0, 0.8L, offCentre / 2, 0 };
         ZqTest::setDepth( projection, GeDepthRange::ZERO_TO_ONE, 0.1L, farDistance, -1 );
-        const ZqTest::Rows view = {
+        ZqTest::Rows view = {
             { { c, 0, s, -c * side * 0.032L }, { 0, 1, 0, 0 }, { -s, 0, c, s * side * 0.032L }, { 0, 0, 0, 1 } } };
-        eyes[eye] = { ZqTest::multiply( ZqTest::multiply( projection, view ), pose ), GeDepthRange::ZERO_TO_ONE };
+        view = ZqTest::multiply( view, pose );
+        for ( std::size_t i = 0; i < 3 && head != nullptr; ++i )
+            view[i][3] *= 1 + rounding * head->uniform( -1.0, 1.0 );
+        eyes[eye] = { ZqTest::multiply( projection, view ), GeDepthRange::ZERO_TO_ONE };
     }
     return eyes;
 }
@@ -233,7 +237,7 @@ ZQ_TWIN_TEST( ViewVolume, TheBoundOfPlacedBoxesIsNeededAndNotTwiceTheWorstCase )
     const auto above = [&]( T x )
     { return x * ( 1 + random.uniform( T( 0 ), T( 0.05 ) ) + eps * T( random.index( 64 ) ) ); };
     double worst = 0;
-    for ( const auto i : random.runs( 100000 ) )
+    for ( const auto i : random.runs( 50000 ) )
     {
         const T n[3] = { above( 1 ), eps * above( 1 ), eps * above( 1 ) };
         GeAffineMatrix3<T> placement;
@@ -523,6 +527,7 @@ bool isBeyond( const GePlane3<T>& plane, const GeAlignedBox3<T>& box )
 ZQ_TWIN_TEST( ViewVolume, UnionsHoldBothEyesAndNothingElse )
 {
     ZqTest::Verdicts seen = {};
+    int nbShared = 0;
     Random random( 9 ), wide( ZqTest::wideSeed() + 8 );
     for ( const double farDistance : { 100.0, 1e6, double( ZqTest::infinity<float> ) } )
         for ( const double degrees : { 0.0, 5.0, -10.0, 10.0, 15.0 } )
@@ -530,15 +535,16 @@ ZQ_TWIN_TEST( ViewVolume, UnionsHoldBothEyesAndNothingElse )
             {
                 SCOPED_TRACE( std::to_string( farDistance ) + " far, " + std::to_string( degrees ) + " degrees, kind " +
                     std::to_string( kind ) );
-                const std::array<Camera, 2> eyes = makeEyes(
-                    degrees / 2 * 3.14159265358979 / 180, kind ? 0.24 : 0, farDistance, kind == 2 ? &wide : nullptr );
+                const std::array<Camera, 2> eyes = makeEyes( degrees / 2 * 3.14159265358979 / 180, kind ? 0.24 : 0,
+                    farDistance, kind == 2 ? &wide : nullptr, double( epsilon<T> ) );
                 const GeProjectiveMatrix3<T> matrices[2] = { eyes[0].round<T>(), eyes[1].round<T>() };
                 const GeViewVolume<T> views[2] = { { matrices[0], eyes[0].range }, { matrices[1], eyes[1].range } };
                 const ExactView<T> exact[2] = { { matrices[0], eyes[0].range }, { matrices[1], eyes[1].range } };
                 const GeViewVolume<T> both = GeViewVolume<T>::makeUnion( views, 2 );
                 // what both have in common is kept once, also where it was rounded twice
                 const int nbOfEye = std::isinf( farDistance ) ? 5 : 6;
-                EXPECT_EQ( both.getNbPlanes(), degrees == 0 ? nbOfEye + 2 : 2 * nbOfEye );
+                EXPECT_TRUE( kind == 2 || both.getNbPlanes() == ( degrees == 0 ? nbOfEye + 2 : 2 * nbOfEye ) );
+                nbShared += kind == 2 && both.getNbPlanes() == nbOfEye + 2;
                 GePoint3<T> place;
                 int nbKept = 0, nbOutside = 0;
                 for ( const auto i : random.runs( 1500 ) )
@@ -580,6 +586,7 @@ ZQ_TWIN_TEST( ViewVolume, UnionsHoldBothEyesAndNothingElse )
                 EXPECT_GT( nbOutside, 300 );
                 EXPECT_LE( nbKept, nbOutside / 200 );
             }
+    EXPECT_GT( nbShared, 0 );
     for ( const auto verdict : { OUTSIDE<T>, INSIDE<T>, INTERSECT<T> } )
         EXPECT_GT( seen[verdict], 1000 );
 }
@@ -631,45 +638,74 @@ ZQ_TWIN_TEST( ViewVolume, UnionsSayWhatTheirViewsSay )
         EXPECT_GT( seen[verdict], 100 );
 }
 
-// More than two views have a hull: it holds every corner of each, and where the views are parallel little else.
-ZQ_TWIN_TEST( ViewVolume, HullsHoldAllViewsAndLittleElse )
+// Two matrices that differ by roundings alone share planes, and what these say is true of both.
+ZQ_TWIN_TEST( ViewVolume, PlanesThatAreSharedAreTrueOfBothViews )
+{
+    ZqTest::Verdicts seen = {};
+    int nbShared = 0;
+    forEachCamera<T>( 15, 4,
+        [&]( Random& random, const Camera& camera, const GeProjectiveMatrix3<T>& m )
+        {
+            GeProjectiveMatrix3<T> other = m;
+            for ( int k = 0; k < 16; ++k )
+                other( k / 4, k % 4 ) += other( k / 4, k % 4 ) * epsilon<T> * T( random.index( 5 ) - 2 );
+            const GeViewVolume<T> views[2] = { { m, camera.range }, { other, camera.range } };
+            const ExactView<T> exact[2] = { { m, camera.range }, { other, camera.range } };
+            const GeViewVolume<T> both = GeViewVolume<T>::makeUnion( views, 2 );
+            nbShared += views[0].getNbPlanes() + views[1].getNbPlanes() - both.getNbPlanes();
+            for ( int i = 0; i < 30; ++i )
+            {
+                const GeAlignedBox3<T> box = makeBoxNear<T>( random, camera );
+                const auto verdict = both.classify( box );
+                ++seen[verdict];
+                const bool isBeyondBoth = exact[0].isBeyondOne( box ) && exact[1].isBeyondOne( box );
+                EXPECT_TRUE( verdict != OUTSIDE<T> || isBeyondBoth ) << box;
+                EXPECT_TRUE( verdict != INSIDE<T> || exact[0].isWithinAll( box ) || exact[1].isWithinAll( box ) )
+                    << box;
+            }
+        } );
+    EXPECT_GT( nbShared, 500 );
+    for ( const auto verdict : { OUTSIDE<T>, INSIDE<T>, INTERSECT<T> } )
+        EXPECT_GT( seen[verdict], 1000 );
+}
+
+// More than two views have a hull, which holds each of them. Very narrow and very wide ones have planes that are nearly
+// parallel: a plane of the hull is the sum of large multiples of theirs, errors included.
+ZQ_TWIN_TEST( ViewVolume, HullsHoldAllViews )
 {
     Random random( ZqTest::wideSeed() + 14 );
-    for ( const auto run : random.runs( 40 ) )
+    int nbOutside = 0;
+    for ( const auto run : random.runs( 60 ) )
     {
-        // images from narrow to wide, whose planes are nearly parallel or not; with planes that are sums of rounded rows
+        const double zoom = std::pow( 10.0, random.uniform( -2.0, 2.0 ) );
         std::vector<Camera> cameras;
-        const double zoom = std::pow( 10.0, random.uniform( 0.0, 2.0 ) );
-        const bool isParallel = run % 4 == 0;
-        Random head = random;
-        for ( const double degrees : { 0.0, 4.0 } )
-            for ( Camera& camera :
-                makeEyes( isParallel ? 0 : degrees / zoom * 3.14159265358979 / 180, 0, 1000, &head ) )
-            {
-                for ( std::size_t k = 0; k < 8 && !isParallel; ++k )
-                    camera.rows[k / 4][k % 4] *= zoom;
-                cameras.push_back( camera );
-            }
         std::vector<GeViewVolume<T>> views;
         std::vector<ExactView<T>> exact;
-        for ( const Camera& camera : cameras )
+        const Random posed = random;
+        for ( const double degrees : { 0.0, 4.0 } )
         {
-            views.emplace_back( camera.round<T>(), camera.range );
-            exact.emplace_back( camera.round<T>(), camera.range );
-        }
-        const GeViewVolume<T> hull = GeViewVolume<T>::makeUnion( views.data(), views.size() );
-        EXPECT_GE( hull.getNbPlanes(), 6 );
-        for ( int i = 0; i < 200; ++i )
-        {
-            const std::size_t of = std::size_t( random.index( int( views.size() ) ) );
-            const GeAlignedBox3<T> box = makeBoxNear<T>( random, cameras[of] );
-            if ( hull.classify( box ) == OUTSIDE<T> )
+            Random head = posed;
+            for ( Camera& camera :
+                makeEyes( degrees / std::max( zoom, 1.0 ) * 3.14159265358979 / 180, 0.1, 1000, &head ) )
             {
-                for ( const ExactView<T>& view : exact )
-                    EXPECT_TRUE( view.isBeyondOne( box ) || !view.hasCommonPoint( box ) ) << box;
+                for ( std::size_t k = 0; k < 8; ++k )
+                    camera.rows[k / 4][k % 4] *= zoom;
+                cameras.push_back( camera );
+                views.emplace_back( camera.round<T>(), camera.range );
+                exact.emplace_back( camera.round<T>(), camera.range );
             }
         }
+        const GeViewVolume<T> hull = GeViewVolume<T>::makeUnion( views.data(), views.size() );
+        for ( int i = 0; i < 200; ++i )
+        {
+            const GeAlignedBox3<T> box = makeBoxNear<T>( random, cameras[std::size_t( i % 4 )] );
+            const bool isOutside = hull.classify( box ) == OUTSIDE<T>;
+            nbOutside += isOutside;
+            for ( std::size_t view = 0; view < 4 && isOutside; ++view )
+                EXPECT_TRUE( exact[view].isBeyondOne( box ) || !exact[view].hasCommonPoint( box ) ) << box;
+        }
     }
+    EXPECT_GT( nbOutside, 300 );
 }
 
 ZQ_TWIN_TEST( ViewVolume, UnionsOfEverythingAndNothing )
