@@ -37,8 +37,13 @@ GeViewVolume<T> makeVolume( Random& random, int run )
             zero( i, i ) = 0;
         return GeViewVolume<T>( zero, GeDepthRange::ZERO_TO_ONE );
     }
-    const GeViewVolume<T> volumes[] = { makeOne( run % 3 == 0 ), makeOne( false ) };
-    return run % 5 == 4 ? GeViewVolume<T>::makeUnion( volumes, run % 25 == 24 ? 0 : 2 ) : volumes[0];
+    if ( run % 5 != 4 )
+        return makeOne( run % 3 == 0 );
+    // the planes of two views, of which they share some or none; the hull of three; nothing
+    const GeViewVolume<T> whole = makeOne( false );
+    const GeViewVolume<T> parts[] = { whole.computePart( -1, T( 0.25 ), -1, T( 0.5 ), 0, 1 ),
+        run % 2 ? whole.computePart( T( -0.5 ), 1, -1, 1, 0, 1 ) : makeOne( run % 3 == 0 ), makeOne( false ) };
+    return GeViewVolume<T>::makeUnion( parts, run % 25 == 24 ? 0 : run % 25 == 14 ? 3 : 2 );
 }
 
 /// What the class hands to its kernels.

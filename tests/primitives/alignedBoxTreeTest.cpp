@@ -77,7 +77,9 @@ void expectAsFlat( Random& random, const GeAlignedBoxTree<T>& tree, const std::v
     const std::size_t count = boxes.size();
     ASSERT_EQ( tree.getNbBoxes(), count );
     const auto view = makeView<T>();
-    const GeViewVolume<T> views[] = { view, view.computePart( T( -0.1 ), T( 0.2 ), T( -0.3 ), T( 0.1 ), 0, 1 ),
+    const GeViewVolume<T> parts[] = { view.computePart( T( -0.1 ), T( 0.2 ), T( -0.3 ), T( 0.1 ), 0, 1 ),
+        view.computePart( T( 0.1 ), T( 0.3 ), T( -0.5 ), T( 0 ), 0, 1 ) };
+    const GeViewVolume<T> views[] = { view, parts[0], GeViewVolume<T>::makeUnion( parts, 2 ),
         GeViewVolume<T>::makeUnion( nullptr, 0 ),
         GeViewVolume<T>( GeProjectiveMatrix3<T>(), GeDepthRange::ONE_TO_ZERO ) };
     std::vector<std::uint32_t> indices( count ), expected;
