@@ -632,6 +632,16 @@ ZQ_TWIN_TEST( ViewVolume, UnionsSayWhatTheirViewsSay )
             check( [&]( const auto& volume ) { return volume.classify( sphere ); } );
             check( [&]( const auto& volume ) { return volume.classify( box, placement ); } );
             check( [&]( const auto& volume ) { return volume.classifyTight( box ); } );
+            using Other = std::conditional_t<std::is_same_v<T, float>, double, float>;
+            const GePoint3<Other> q = { Other( p[0] ), Other( p[1] ), Other( p[2] ) };
+            const GeAlignedBox3<Other> other( q );
+            check(
+                [&]( const auto& volume )
+                {
+                    unsigned char verdict = 0;
+                    volume.classify( &other, 1, &verdict );
+                    return int( verdict );
+                } );
         }
     }
     for ( const auto verdict : { OUTSIDE<T>, INSIDE<T>, INTERSECT<T> } )
@@ -681,9 +691,11 @@ ZQ_TWIN_TEST( ViewVolume, HullsHoldAllViewsAndLittleElse )
         const bool isWide = run != 0;
         const double angle = isWide ? random.uniform( 0.1, 1.0 ) : 0.04;
         Random head = random;
-        std::array<Camera, 2> eyes = makeEyes( angle, 0.1, 100, isWide ? &head : nullptr );
+        const double farDistance = run % 2 ? 1 : 100; // the place of the head counts, or directions do
+        const std::array<Camera, 2> eyes = makeEyes( angle, 0.1, farDistance, isWide ? &head : nullptr );
         head = random;
-        std::vector<Camera> cameras = { eyes[0], eyes[1], makeEyes( 0, 0.1, 100, isWide ? &head : nullptr )[0] };
+        std::vector<Camera> cameras = {
+            eyes[0], eyes[1], makeEyes( 0, 0.1, farDistance, isWide ? &head : nullptr )[0] };
         std::vector<GeViewVolume<T>> views;
         for ( Camera& camera : cameras )
         {
