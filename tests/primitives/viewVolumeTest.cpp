@@ -704,10 +704,17 @@ ZQ_TWIN_TEST( ViewVolume, HullsHoldAllViewsAndLittleElse )
             views.emplace_back( camera.round<T>(), camera.range );
         }
         const GeViewVolume<T> hull = GeViewVolume<T>::makeUnion( views.data(), 3 );
+        // and all swept to where one corner is the origin, so that what the offsets have lost is all there is
+        GeHomogeneousCoord3<T> corners[8];
+        ASSERT_TRUE( views[0].computeCorners( corners ) );
+        const GePoint3<T> place( corners[run % 8].getX(), corners[run % 8].getY(), corners[run % 8].getZ() );
+        std::vector<GeViewVolume<T>> moved;
+        for ( const GeViewVolume<T>& view : views )
+            moved.push_back( view.computeSwept( GeAlignedBox3<T>( GePoint3<T>() + ( GePoint3<T>() - place ) ) ) );
+        const GeViewVolume<T> movedHull = GeViewVolume<T>::makeUnion( moved.data(), 3 );
         for ( std::size_t view = 0; view < 3; ++view )
         {
             const ExactView<T> exact( cameras[view].round<T>(), cameras[view].range );
-            GeHomogeneousCoord3<T> corners[8];
             ASSERT_TRUE( views[view].computeCorners( corners ) );
             for ( int i = 0; i < 400; ++i )
             {
@@ -718,6 +725,10 @@ ZQ_TWIN_TEST( ViewVolume, HullsHoldAllViewsAndLittleElse )
                     continue;
                 ++nbWithin;
                 EXPECT_NE( hull.classify( p ), OUTSIDE<T> ) << p;
+                if ( view == 0 && i % 8 == run % 8 )
+                {
+                    EXPECT_NE( movedHull.classify( GePoint3<T>() + ( p - place ) ), OUTSIDE<T> ) << p;
+                }
             }
         }
         int nbOutside = 0, nbKept = 0;
