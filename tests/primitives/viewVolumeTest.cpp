@@ -572,8 +572,8 @@ ZQ_TWIN_TEST( ViewVolume, UnionsHoldBothEyesAndNothingElse )
                         const int a = witness % both.NB_MAX_PLANES, b = witness / both.NB_MAX_PLANES;
                         EXPECT_TRUE( isBeyond( both.getPlane( a ), box ) ) << box;
                         EXPECT_TRUE( b == 0 || isBeyond( both.getPlane( b ), box ) ) << box;
-                        EXPECT_TRUE(
-                            b == 0 ? both.getView( a ) == -1 : both.getView( a ) == 0 && both.getView( b ) == 1 );
+                        EXPECT_EQ( both.getView( a ), b == 0 ? -1 : 0 );
+                        EXPECT_EQ( both.getView( b == 0 ? a : b ), b == 0 ? -1 : 1 );
                     }
                     if ( isAnywhere && views[0].classifyTight( box ) == OUTSIDE<T> &&
                         views[1].classifyTight( box ) == OUTSIDE<T> )
@@ -716,7 +716,7 @@ ZQ_TWIN_TEST( ViewVolume, HullsHoldAllViewsAndLittleElse )
         {
             const ExactView<T> exact( cameras[view].round<T>(), cameras[view].range );
             ASSERT_TRUE( views[view].computeCorners( corners ) );
-            for ( int i = 0; i < 400; ++i )
+            for ( const auto i : random.runs( 400 ) )
             {
                 GePoint3<T> p( corners[i % 8].getX(), corners[i % 8].getY(), corners[i % 8].getZ() );
                 for ( int axis = 0; axis < 3; ++axis )
