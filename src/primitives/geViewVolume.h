@@ -91,12 +91,12 @@ public:
 
     /// A volume that holds all of the given ones: for two eyes, for the views of one frame. The planes have no sides.
     ///
-    /// Of two, it is the union itself: the planes of both, those that they share once, as long as these are not more
-    /// than NB_MAX_PLANES; two views of six always fit. Planes that differ by some roundings alone count as shared.
-    /// Of more, or of two that are hulls, it is close to their convex hull, of at most NB_MAX_PLANES planes. Each is
-    /// proved to have every volume on its inner side, infinite ones included; where there is no such plane on any side,
-    /// as for the six faces of a cube, there are none, and nothing is outside. The union of two counts as the two. An
-    /// empty volume adds nothing, and so does one that bounds all that another does; the union of none is empty.
+    /// Of two convex volumes it is the union itself, with the planes of both, those that they share once. Planes that
+    /// differ by some roundings alone count as shared. Two views of six planes always fit.
+    /// Of more volumes, or planes than NB_MAX_PLANES, it is close to their convex hull, of at most NB_MAX_PLANES planes.
+    /// Each is proved to have every volume on its inner side, infinite ones included; where there is no such plane on
+    /// any side, as for the six faces of a cube, there are none, and nothing is outside. A union of two counts as the
+    /// two. An empty volume adds nothing, and so does one that has all planes of another; the union of none is empty.
     static GeViewVolume makeUnion( const GeViewVolume* views, std::size_t count );
 
     /// The volume swept by this one when the eye, and all with it, moves by every vector of the box: for one set of
@@ -262,6 +262,7 @@ private:
     Classification classifyBy( Verdict verdict, const GeAlignedBox3<T>& box ) const;
     template <class Verdict>
     Classification classifyBy( Verdict verdict, const GeAlignedBox3<T>& box, const GeAffineMatrix3<T>& toWorld ) const;
+    // apart from the others, so that volumes of one view pay nothing for it
     template <class... Items>
     [[gnu::noinline]] Classification classifyByTwo( const Items&... items ) const;
 
