@@ -119,13 +119,10 @@ void drawUnion( Canvas& picture )
     const View eyes[] = { makeEye( -X, ANGLE, 2.7 ), makeEye( X, -ANGLE, 2.7 ) };
     const View both = View::makeUnion( eyes, 2 );
     panel.map.fill( picture,
-        [&]( const Point& point, int column, int row )
+        [&]( const Point& point, int, int )
         {
             const int nbEyes = ( isIn( eyes[0], point ) ? 1 : 0 ) + ( isIn( eyes[1], point ) ? 1 : 0 );
-            return nbEyes == 2        ? palette.inside
-                : nbEyes == 1         ? palette.volume
-                : isIn( both, point ) ? getStripe( column, row )
-                                      : getOutside();
+            return nbEyes == 2 ? palette.inside : isIn( both, point ) ? palette.volume : getOutside();
         } );
     drawOutline( picture, panel.map, eyes[0], false );
     drawOutline( picture, panel.map, eyes[1], false );
@@ -133,8 +130,7 @@ void drawUnion( Canvas& picture )
     drawEye( picture, panel.map, { X, 0, 0 }, "right" );
     finish( picture, panel,
         { { palette.inside, "both eyes see it" }, { palette.volume, "one of them sees it" },
-            { palette.overlap, "in the union alone: kept for nothing", {}, Mark::STRIPES, palette.white },
-            { getOutside(), "outside" } } );
+            { getOutside(), "outside of the union" } } );
 }
 
 void drawSwept( Canvas& picture )

@@ -58,19 +58,15 @@ Canvas drawViews( const std::vector<Box>& city, float side )
     const Verdicts both = ask( views.both );
     const Verdicts left = ask( views.left );
     const Verdicts right = ask( views.right );
-    Verdicts kinds( city.size() ); // 0 nobody, 1 both eyes, 2 one, 3 the union alone
+    Verdicts kinds( city.size() ); // 0 nobody, 1 both eyes, 2 one
     for ( std::size_t i = 0; i < city.size(); ++i )
     {
         const int nbEyes = ( left[i] != View::VIEW_OUTSIDE ? 1 : 0 ) + ( right[i] != View::VIEW_OUTSIDE ? 1 : 0 );
-        kinds[i] = static_cast<unsigned char>( both[i] == View::VIEW_OUTSIDE ? 0
-                : nbEyes == 2                                                ? 1
-                : nbEyes == 1                                                ? 2
-                                                                             : 3 );
+        kinds[i] = static_cast<unsigned char>( both[i] == View::VIEW_OUTSIDE ? 0 : nbEyes == 2 ? 1 : 2 );
     }
     drawPanel( 2, "Both eyes of a headset", "turned apart by 10 degrees; their union, no far plane", kinds,
-        { palette.outside, palette.inside, palette.overlap, palette.away },
-        { "outside of the union", "kept for both eyes", "kept for one of them",
-            "kept by the union alone, too few to be seen here" } );
+        { palette.outside, palette.inside, palette.overlap },
+        { "outside of the union", "kept for both eyes", "kept for one of them" } );
     return picture;
 }
 

@@ -686,12 +686,12 @@ ZQ_TWIN_TEST( ViewVolume, HullsHoldAllViewsAndLittleElse )
 {
     Random random( ZqTest::wideSeed() + 14 );
     int nbWithin = 0;
-    for ( const auto run : random.runs( 40 ) )
+    for ( const auto run : random.runs( 160 ) )
     {
         const bool isWide = run != 0;
         const double angle = isWide ? random.uniform( 0.1, 1.0 ) : 0.04;
         Random head = random;
-        const double farDistance = run % 2 ? 1 : 100; // the place of the head counts, or directions do
+        const double farDistance = run % 4 == 1 ? 1 : 100; // the place of the head counts, or directions do
         const std::array<Camera, 2> eyes = makeEyes( angle, 0.1, farDistance, isWide ? &head : nullptr );
         head = random;
         std::vector<Camera> cameras = {
