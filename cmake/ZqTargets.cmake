@@ -69,6 +69,10 @@ function( zq_add_library name )
     add_library( ${target} SHARED ${sources} )
     add_library( Zq::${name} ALIAS ${target} )
     zq_compile_rules( ${target} )
+    # GCC warns of lambdas that hold what is a unit's own when that unit is included in another
+    if( CMAKE_CXX_COMPILER_ID STREQUAL "GNU" )
+        set_target_properties( ${target} PROPERTIES UNITY_BUILD OFF )
+    endif()
     # each unit of kernels has the lanes of all levels for itself
     list( FILTER sources INCLUDE REGEX "/kernels/" )
     set_property( SOURCE ${sources} TARGET_DIRECTORY ${target} PROPERTY SKIP_UNITY_BUILD_INCLUSION ON )
