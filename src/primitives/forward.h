@@ -25,6 +25,8 @@ class ZQ_PRIMITIVES_API GeCameraBuilder;
 template <class T>
 class ZQ_PRIMITIVES_API GeCascadeBuilder;
 template <class T>
+class ZQ_PRIMITIVES_API GeDecomposition3;
+template <class T>
 class ZQ_PRIMITIVES_API GeFrustum;
 template <class T>
 class ZQ_PRIMITIVES_API GeHomogeneousCoord3;

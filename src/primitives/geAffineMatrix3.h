@@ -35,6 +35,8 @@ public:
     explicit GeAffineMatrix3( const GeLinearMatrix3<T>& linear );
     /// From L and t.
     GeAffineMatrix3( const GeLinearMatrix3<T>& linear, const GeVector3<T>& translation );
+    /// translation * rotation * scale, in one step with the same bits: the scale acts first.
+    GeAffineMatrix3( const GeTranslation3<T>& translation, const GeRotation3<T>& rotation, const GeScale3<T>& scale );
 
     /// Becomes the identity.
     void setIdentity();
@@ -86,6 +88,11 @@ public:
     GePoint3<T> operator*( const GePoint3<T>& p ) const;
     /// m times this: linear block m L, translation m t.
     GeAffineMatrix3<T> mulOnRight( const GeLinearMatrix3<T>& m ) const;
+    /// The same, written as a product; a rotation is a linear matrix here, too.
+    friend GeAffineMatrix3<T> operator*( const GeLinearMatrix3<T>& m, const GeAffineMatrix3<T>& a )
+    {
+        return a.mulOnRight( m );
+    }
     /// The row vector v times L; the translation is not used.
     GeVector3<T> mulOnRight( const GeVector3<T>& v ) const;
     /// @}
@@ -104,6 +111,11 @@ public:
 
     /// The determinant of L, by cofactors as in GeLinearMatrix3; it is that of the 4x4 matrix too.
     T computeDeterminant() const;
+    /// Translation, rotation, scale and shear, of singular matrices and of reflections, too: see GeDecomposition3, whose
+    /// header has to be included. Reports what its constructor does.
+    GeDecomposition3<T> computeDecomposition() const;
+    /// That of L: see GeLinearMatrix3.
+    GeLinearMatrix3<T> computeNormalMatrix() const;
     /// Linear block the inverse of L, translation -( inverse of L times t ); a zero sum is negated to -0.
     /// Reports "nonSingular" (src/base/matrix3x3Imp, line 126) when L is singular.
     GeAffineMatrix3<T> computeInverse() const;

@@ -63,7 +63,7 @@ public:
     /// @}
 
     /// @name Arithmetic
-    /// operator* is this times the operand, mulOnRight() the operand times this.
+    /// operator* is this times the operand, mulOnRight() the operand times this, which can be written as a product, too.
     /// @{
     GeLinearMatrix3<T> operator*( const GeScale3<T>& s ) const;
     GeAffineMatrix3<T> operator*( const GeTranslation3<T>& t ) const;
@@ -77,6 +77,43 @@ public:
     GeLinearMatrix3<T> mulOnRight( const GeLinearMatrix3<T>& m ) const;
     GeRotation3<T> mulOnRight( const GeRotation3<T>& r ) const;
     GeAffineMatrix3<T> mulOnRight( const GeAffineMatrix3<T>& m ) const;
+    GeProjectiveMatrix3<T> operator*( const GeProjectiveMatrix3<T>& m ) const;
+    GeProjectiveMatrix3<T> mulOnRight( const GeProjectiveMatrix3<T>& m ) const;
+    GeHomogeneousCoord3<T> operator*( const GeHomogeneousCoord3<T>& h ) const;
+    friend GeLinearMatrix3<T> operator*( const GeScale3<T>& s, const GeAxisRotation3<axis, T>& r )
+    {
+        return r.mulOnRight( s );
+    }
+    friend GeAffineMatrix3<T> operator*( const GeTranslation3<T>& t, const GeAxisRotation3<axis, T>& r )
+    {
+        return r.mulOnRight( t );
+    }
+    friend GeLinearMatrix3<T> operator*( const GeLinearMatrix3<T>& m, const GeAxisRotation3<axis, T>& r )
+    {
+        return r.mulOnRight( m );
+    }
+    friend GeRotation3<T> operator*( const GeRotation3<T>& m, const GeAxisRotation3<axis, T>& r )
+    {
+        return r.mulOnRight( m );
+    }
+    friend GeAffineMatrix3<T> operator*( const GeAffineMatrix3<T>& m, const GeAxisRotation3<axis, T>& r )
+    {
+        return r.mulOnRight( m );
+    }
+    friend GeProjectiveMatrix3<T> operator*( const GeProjectiveMatrix3<T>& m, const GeAxisRotation3<axis, T>& r )
+    {
+        return r.mulOnRight( m );
+    }
+    /// About the same axis, by the sum of the angles: nothing renews that the squares of cosine and sine add up to 1.
+    GeAxisRotation3<axis, T> operator*( const GeAxisRotation3<axis, T>& other ) const;
+    GeAxisRotation3<axis, T>& operator*=( const GeAxisRotation3<axis, T>& other );
+    /// About different axes: a rotation.
+    template <int other>
+    GeRotation3<T> operator*( const GeAxisRotation3<other, T>& r ) const;
+    /// The same for a direction, which stays one: normalised again, so that no chain of turns takes it off unit length.
+    /// Reports "len > 0" (src/primitives/geVector3.inline, line 496) where nothing or NaN is left of it: the zero vector
+    /// of the default constructor, or a cosine and a sine that are none.
+    GeUnitVector3<T> turn( const GeUnitVector3<T>& direction ) const;
     /// @}
 
     /// @name Queries
@@ -103,7 +140,7 @@ private:
 
     template <int columns, class Matrix>
     Matrix turnRows( const Matrix& m ) const;
-    template <class Matrix>
+    template <int rows, class Matrix>
     Matrix turnColumns( const Matrix& m ) const;
 
     T _cosine;

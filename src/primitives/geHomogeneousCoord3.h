@@ -70,6 +70,22 @@ public:
     GeHomogeneousCoord3<T>& operator/=( T divisor );
     /// @}
 
+    /// @name Products
+    /// What the 4x4 form of the matrix makes of the coordinate; its bottom row is left out of the sums, so that w is
+    /// copied. A rotation is a linear matrix here, too.
+    /// @{
+    friend GeHomogeneousCoord3<T> operator*( const GeLinearMatrix3<T>& m, const GeHomogeneousCoord3<T>& h )
+    {
+        const GeVector3<T> v = m * GeVector3<T>( h._x, h._y, h._z );
+        return GeHomogeneousCoord3( v.getX(), v.getY(), v.getZ(), h._w );
+    }
+    friend GeHomogeneousCoord3<T> operator*( const GeAffineMatrix3<T>& m, const GeHomogeneousCoord3<T>& h )
+    {
+        const GeVector3<T> v = m * GeVector3<T>( h._x, h._y, h._z ) + m.getTranslation() * h._w;
+        return GeHomogeneousCoord3( v.getX(), v.getY(), v.getZ(), h._w );
+    }
+    /// @}
+
     /// @name Text
     /// @{
 

@@ -90,6 +90,14 @@ public:
     /// The matrix of signed cofactors: element (r, c) is (-1)^(r + c) times the minor of element (r, c). It is not
     /// transposed; the classical adjugate is its transpose, and the inverse that divided by the determinant.
     GeLinearMatrix3<T> computeAdjoint() const;
+    /// The matrix that normals are turned by: for a surface that this matrix transforms, N n points where the normal of
+    /// the image does, to the outside if n does, also after a reflection. N is the inverse of the transpose times a
+    /// positive factor: normalise what it makes of a normal. Formed of cofactors, so that no matrix is singular here: one
+    /// that flattens space to a plane gives the normal of that plane, on either side; one that flattens it to a line or a
+    /// point gives 0. The elements are first scaled together, by the power of two that takes the largest magnitude into
+    /// [9/16, 9/8), so that matrices of every size will do; a rotation is there already and gives itself but for
+    /// rounding. An element that is not finite makes some of the result NaN or infinite.
+    GeLinearMatrix3<T> computeNormalMatrix() const;
     /// Reports "nonSingular" (src/base/matrix3x3Imp, line 126) for a singular matrix.
     GeLinearMatrix3<T> computeInverse() const;
     /// Inverse and determinant from one decomposition; `inverse` may be this matrix. A singular matrix leaves both

@@ -58,9 +58,12 @@ public:
     /// @}
 
     /// @name Arithmetic
-    /// This times the operand, which acts first. The bottom row of an affine matrix is left out of the sums, not
-    /// multiplied. The assigning forms put the product in place of this matrix.
+    /// This times the operand, which acts first, and mulOnRight(), the operand times this, which * says, too. What a
+    /// linear or affine matrix lacks to four rows and columns is left out of the sums, not multiplied; a rotation is a
+    /// linear matrix. The assigning forms put the product in place of this matrix.
     /// @{
+    GeProjectiveMatrix3<T> operator*( const GeLinearMatrix3<T>& b ) const;
+    GeProjectiveMatrix3<T>& operator*=( const GeLinearMatrix3<T>& b );
     GeProjectiveMatrix3<T> operator*( const GeAffineMatrix3<T>& b ) const;
     GeProjectiveMatrix3<T>& operator*=( const GeAffineMatrix3<T>& b );
     GeProjectiveMatrix3<T> operator*( const GeProjectiveMatrix3<T>& b ) const;
@@ -68,6 +71,18 @@ public:
     GeHomogeneousCoord3<T> operator*( const GeHomogeneousCoord3<T>& h ) const;
     /// The direction (x, y, z, 0) transformed: column 3 is not used.
     GeHomogeneousCoord3<T> operator*( const GeVector3<T>& v ) const;
+    /// The point (x, y, z, 1) transformed: column 3 is added, not multiplied. Nothing is divided by w.
+    GeHomogeneousCoord3<T> operator*( const GePoint3<T>& p ) const;
+    GeProjectiveMatrix3<T> mulOnRight( const GeLinearMatrix3<T>& m ) const;
+    GeProjectiveMatrix3<T> mulOnRight( const GeAffineMatrix3<T>& m ) const;
+    friend GeProjectiveMatrix3<T> operator*( const GeLinearMatrix3<T>& m, const GeProjectiveMatrix3<T>& p )
+    {
+        return p.mulOnRight( m );
+    }
+    friend GeProjectiveMatrix3<T> operator*( const GeAffineMatrix3<T>& m, const GeProjectiveMatrix3<T>& p )
+    {
+        return p.mulOnRight( m );
+    }
     /// The row h times this, which is the transpose of this times h.
     GeHomogeneousCoord3<T> mulOnRight( const GeHomogeneousCoord3<T>& h ) const;
     /// @}

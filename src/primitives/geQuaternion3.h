@@ -78,9 +78,13 @@ public:
     explicit GeQuaternion3( const GeQuaternion3<U>& other );
     /// The rotation that a matrix holds; see setMatrix().
     explicit GeQuaternion3( const GeRotation3<T>& rotation );
+    /// The same of a matrix that is a rotation; reports "s != 0" for one so far from it that a root is 0.
+    explicit GeQuaternion3( const GeLinearMatrix3<T>& matrix );
     /// The rotation by an angle about an axis of any length but 0, right-handed. An axis of length 0 gives
     /// (0, 0, 0, cos(angle / 2)), which is the identity once its length is divided out.
     static GeQuaternion3<T> makeRotation( const GeVector3<T>& axis, T angle );
+    /// The rotation of three angles: see setEuler(), below. Any angles are allowed.
+    static GeQuaternion3<T> makeEuler( EulerConvention c, T a1, T a2, T a3 );
     /// @}
 
     /// @name Access
@@ -150,6 +154,10 @@ public:
     /// @{
     GeVector3<T> operator*( const GeVector3<T>& v ) const;
     GePoint3<T> operator*( const GePoint3<T>& p ) const;
+    /// The same for a direction, which stays one: normalised again, so that no chain of turns takes it off unit length.
+    /// Reports "len > 0" (src/primitives/geVector3.inline, line 496) where nothing or NaN is left of it: the zero vector
+    /// of the default constructor.
+    GeUnitVector3<T> turn( const GeUnitVector3<T>& direction ) const;
     /// @}
 
     /// @name Conversion
@@ -169,6 +177,8 @@ public:
     void getMatrix( GeAffineMatrix3<T>& m ) const;
     /// The same block; the rest is that of the identity.
     void getMatrix( GeProjectiveMatrix3<T>& m ) const;
+    /// The same by value.
+    GeLinearMatrix3<T> getMatrix() const;
     /// The matrix of getMatrix() as a rotation.
     GeRotation3<T> getRotation() const;
     /// @}
@@ -232,6 +242,8 @@ public:
     /// Fractions of a spin do not end at q2. Not normalised. Quaternions whose dot product is beyond +-0.999999 (the
     /// rotations are closer than 2.8e-3) are blended linearly, and there spin is ignored.
     static GeQuaternion3<T> slerp( const GeQuaternion3<T>& q1, const GeQuaternion3<T>& q2, T t, T spin );
+    /// The same without spins.
+    static GeQuaternion3<T> slerp( const GeQuaternion3<T>& q1, const GeQuaternion3<T>& q2, T t );
     /// Meant to compute the control quaternions a and b of squad() around the key q1. It *never returns*: a non-zero q1
     /// reports "h2uinv.getMagnitude() == 0" and a zero one "a > 0". examples/aimAndInterpolate computes them.
     static void computeIntermediates( const GeQuaternion3<T>& q0, const GeQuaternion3<T>& q1,

@@ -13,7 +13,7 @@ namespace Zq
 /// float and double.
 ///
 /// It converts to GeLinearMatrix3 and can be passed wherever one is read. The product of two rotations is a rotation,
-/// products with anything else are plain matrices. Orthonormality is a matter of construction: nothing renews it, so
+/// products with other matrices are plain matrices. Orthonormality is a matter of construction: nothing renews it, so
 /// that long chains of products drift as rounding adds up.
 ///
 /// Text form: the three lines of GeLinearMatrix3.
@@ -97,8 +97,8 @@ public:
     /// @}
 
     /// @name Arithmetic
-    /// This times the operand, which acts first. For a matrix or a rotation on the left, its own product with a
-    /// GeLinearMatrix3 serves.
+    /// This times the operand, which acts first. For all other products, on either side, those of a GeLinearMatrix3
+    /// serve.
     /// @{
     GeRotation3<T> operator*( const GeRotation3<T>& other ) const;
     GeRotation3<T>& operator*=( const GeRotation3<T>& other );
@@ -107,6 +107,10 @@ public:
     GeVector3<T> operator*( const GeVector3<T>& v ) const;
     /// Turns the point about the origin.
     GePoint3<T> operator*( const GePoint3<T>& p ) const;
+    /// The same for a direction, which stays one: normalised again, so that no chain of turns takes it off unit length.
+    /// Reports "len > 0" (src/primitives/geVector3.inline, line 496) where nothing or NaN is left of it: the zero vector
+    /// of the default constructor, or a matrix that is no rotation.
+    GeUnitVector3<T> turn( const GeUnitVector3<T>& direction ) const;
     /// @}
 
     /// @name Queries

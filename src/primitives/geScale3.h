@@ -51,10 +51,17 @@ public:
     bool isEqual( const GeScale3<T>& other, T tolerance ) const;
     /// @}
 
+    /// @name Conversion
+    /// @{
+
+    /// The matrix diag(x, y, z).
+    GeLinearMatrix3<T> getMatrix() const;
+    /// @}
+
     /// @name Arithmetic
     /// operator* is this times the matrix: rows are scaled, the translation with them. mulOnRight() is the matrix times
     /// this: columns 0 to 2 are scaled, a translation remains. mulOnRightAssign() puts that product in place of m and
-    /// returns m.
+    /// returns m. A matrix times a scale can be written as a product, too; a rotation is a linear matrix there.
     /// @{
     GeLinearMatrix3<T> operator*( const GeLinearMatrix3<T>& m ) const;
     GeAffineMatrix3<T> operator*( const GeAffineMatrix3<T>& m ) const;
@@ -65,6 +72,24 @@ public:
     GeLinearMatrix3<T>& mulOnRightAssign( GeLinearMatrix3<T>& m ) const;
     GeAffineMatrix3<T>& mulOnRightAssign( GeAffineMatrix3<T>& m ) const;
     GeProjectiveMatrix3<T>& mulOnRightAssign( GeProjectiveMatrix3<T>& m ) const;
+    friend GeLinearMatrix3<T> operator*( const GeLinearMatrix3<T>& m, const GeScale3<T>& s )
+    {
+        return s.mulOnRight( m );
+    }
+    friend GeAffineMatrix3<T> operator*( const GeAffineMatrix3<T>& m, const GeScale3<T>& s )
+    {
+        return s.mulOnRight( m );
+    }
+    friend GeProjectiveMatrix3<T> operator*( const GeProjectiveMatrix3<T>& m, const GeScale3<T>& s )
+    {
+        return s.mulOnRight( m );
+    }
+    /// Factor by factor: one multiplication each. A homogeneous coordinate keeps its w.
+    GeScale3<T> operator*( const GeScale3<T>& other ) const;
+    GeScale3<T>& operator*=( const GeScale3<T>& other );
+    GeVector3<T> operator*( const GeVector3<T>& v ) const;
+    GePoint3<T> operator*( const GePoint3<T>& p ) const;
+    GeHomogeneousCoord3<T> operator*( const GeHomogeneousCoord3<T>& h ) const;
     /// @}
 
     /// @name Text

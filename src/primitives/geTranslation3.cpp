@@ -1,5 +1,6 @@
 #include "geTranslation3.h"
 
+#include "geScale3.h"
 #include "geTranslation3.imp"
 
 namespace Zq

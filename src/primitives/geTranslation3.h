@@ -49,11 +49,19 @@ public:
     bool isEqual( const GeTranslation3<T>& other, T tolerance ) const;
     /// @}
 
+    /// @name Conversion
+    /// @{
+
+    /// The affine matrix, as it stands above.
+    GeAffineMatrix3<T> getMatrix() const;
+    /// @}
+
     /// @name Arithmetic
     /// operator* is this times the matrix: the translation grows by the displacement; a projective matrix gets its row
     /// 3, times the displacement, added to the rows above. mulOnRight() is the matrix times this: the translation grows
     /// by what the matrix makes of the displacement; only column 3 changes, in a projective matrix all four rows of it.
-    /// mulOnRightAssign() puts that product in place of m and returns m.
+    /// mulOnRightAssign() puts that product in place of m and returns m. A matrix or a scale times a translation can be
+    /// written as a product, too; a rotation is a linear matrix there.
     /// @{
     GeAffineMatrix3<T> operator*( const GeLinearMatrix3<T>& m ) const;
     GeAffineMatrix3<T> operator*( const GeAffineMatrix3<T>& m ) const;
@@ -63,6 +71,34 @@ public:
     GeProjectiveMatrix3<T> mulOnRight( const GeProjectiveMatrix3<T>& m ) const;
     GeAffineMatrix3<T>& mulOnRightAssign( GeAffineMatrix3<T>& m ) const;
     GeProjectiveMatrix3<T>& mulOnRightAssign( GeProjectiveMatrix3<T>& m ) const;
+    friend GeAffineMatrix3<T> operator*( const GeLinearMatrix3<T>& m, const GeTranslation3<T>& t )
+    {
+        return t.mulOnRight( m );
+    }
+    friend GeAffineMatrix3<T> operator*( const GeAffineMatrix3<T>& m, const GeTranslation3<T>& t )
+    {
+        return t.mulOnRight( m );
+    }
+    friend GeProjectiveMatrix3<T> operator*( const GeProjectiveMatrix3<T>& m, const GeTranslation3<T>& t )
+    {
+        return t.mulOnRight( m );
+    }
+    /// With a scale: its factors on the diagonal; mulOnRight() is the scale times this, and scales the displacement.
+    GeAffineMatrix3<T> operator*( const GeScale3<T>& s ) const;
+    GeAffineMatrix3<T> mulOnRight( const GeScale3<T>& s ) const;
+    friend GeAffineMatrix3<T> operator*( const GeScale3<T>& s, const GeTranslation3<T>& t )
+    {
+        return t.mulOnRight( s );
+    }
+    /// The sum of the displacements.
+    GeTranslation3<T> operator*( const GeTranslation3<T>& other ) const;
+    GeTranslation3<T>& operator*=( const GeTranslation3<T>& other );
+    /// A copy: vectors are not translated, and so a direction stays one.
+    GeVector3<T> operator*( const GeVector3<T>& v ) const;
+    GeUnitVector3<T> operator*( const GeUnitVector3<T>& v ) const;
+    /// The point plus the displacement; a homogeneous coordinate moves by w times the displacement.
+    GePoint3<T> operator*( const GePoint3<T>& p ) const;
+    GeHomogeneousCoord3<T> operator*( const GeHomogeneousCoord3<T>& h ) const;
     /// @}
 
     /// @name Text

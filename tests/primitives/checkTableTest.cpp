@@ -7,6 +7,7 @@
 #include <zq/primitives/geAlignedBoxTree.h>
 #include <zq/primitives/geAnchoredConeBuilder.h>
 #include <zq/primitives/geCascadeBuilder.h>
+#include <zq/primitives/geDecomposition3.h>
 #include <zq/primitives/geFrustum.h>
 #include <zq/primitives/geIcosahedron.h>
 #include <zq/primitives/gePlane3Builder.h>
@@ -77,6 +78,10 @@ void addTwinChecks( Checks& add )
     add( file, 0, "nbPoints >= 3", [] { Rotation::aim( 2, repeated, 2, 0, true ); } );
     add( file, 0, "points != 0", [] { Rotation::aim( 3, nullptr, 2, 0, true ); } );
     add( file, 0, "len > 0", [] { Rotation::aim( 3, repeated, 2, 0, true ); } );
+
+    for ( const T bad : { ZqTest::nan<T>, ZqTest::infinity<T> } )
+        add( "src/primitives/geDecomposition3.imp", 0, "isFinite( matrix )",
+            [=] { GeTranslation3<T>( 0, 0, bad ).getMatrix().computeDecomposition(); } );
 
     // Boxes: classify() answers OUTSIDE before it combines the axes, so no box reaches this check
     const auto outside = Interval<T>::OUTSIDE;

@@ -85,7 +85,7 @@ YAxisRotation3: number
 ZAxisRotation3: number
 Scale3: Vector3 UnitVector3
 Translation3: Vector3 UnitVector3
-Quaternion3: Rotation3
+Quaternion3: LinearMatrix3 Rotation3
 AlignedBox3: Point3
 NormalizedPlane3: Plane3
 Frustum: ProjectiveMatrix3

@@ -77,7 +77,8 @@ ZQ_TWIN_TEST( Quaternion3, FormsOfOneRotationAgree )
         const Rotation rotation = q.getRotation();
         for ( const GeVector3<T>& form : { q * v, scaled * v, rotation * v, scaled.getRotation() * v, Q( rotation ) * v,
                   Rotation::makeRotation( axis, angle ) * v, ( q * other ) * ( other.computeConjugate() * v ),
-                  scaled.computeInverse().computeConjugate() * v } )
+                  scaled.computeInverse().computeConjugate() * v, scaled.getMatrix() * v, Q( rotation.getMatrix() ) * v,
+                  scaled.turn( v.computeUnit() ) * v.length() } )
             EXPECT_CLOSE( form, turned, bound );
         EXPECT_EQ( ( q * GePoint3<T>( v ) ), GePoint3<T>( q * v ) );
         EXPECT_CLOSE( scaled * scaled.computeInverse(), Q(), bound );
@@ -189,6 +190,7 @@ void expectEulerAngles( const EulerRow<T>& row, T a1, T a2, T a3 )
     T back[3] = { 9, 9, 9 };
     GeQuaternion3<T>::eulerToMatrix( m, row.convention, a1, a2, a3 );
     q.setEuler( row.convention, a1, a2, a3 );
+    EXPECT_EQ( GeQuaternion3<T>::makeEuler( row.convention, a1, a2, a3 ), q );
     q.getEuler( row.convention, back[0], back[1], back[2] ); // matrixToEuler() is compared in arithmeticBitsTest.cpp
     // rounded once: half a unit in the last place of 1
     EXPECT_LE( computeDistance( m, reference ), Real( 0.26 ) * eps );
@@ -290,6 +292,7 @@ ZQ_TWIN_TEST( Quaternion3, InterpolationFollowsTheGreatArc )
             const Real error = isLinear ? 3 * turn * turn : spin * eps * 8 / ( turn * turn );
             EXPECT_CLOSE( Q::slerp( p, end, T( t ), T( spin ) ), expected, bound + T( error ) );
             EXPECT_CLOSE( Q::slerp( p, -end, T( t ), T( spin ) ), expected, bound + T( error ) );
+            EXPECT_EQ( Q::slerp( p, end, T( t ) ), Q::slerp( p, end, T( t ), T( 0 ) ) );
         }
         EXPECT_CLOSE( Q::doub( p, q ), onArc( 2 * arc ), bound );
         EXPECT_CLOSE( Q::bisect( p, q ), onArc( arc / 2 ) * T( 0.5L / std::cos( arc / 2 ) ), bound );

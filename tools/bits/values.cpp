@@ -5,6 +5,7 @@
 #include <zq/base/floatUtil.h>
 #include <zq/primitives/geCameraBuilder.h>
 #include <zq/primitives/geCascadeBuilder.h>
+#include <zq/primitives/geDecomposition3.h>
 #include <zq/primitives/geProjectionBuilder.h>
 #include <zq/primitives/geTolerances.h>
 #include <zq/primitives/geVector2Utils.h>
@@ -344,6 +345,45 @@ void axisRotations( Inputs& in, Results& out )
     axisRotation<GeZAxisRotation3<T>, T>( in, out, z );
 }
 
+/// Every transform times every other one, and what each makes of points, vectors and coordinates.
+template <class T>
+void products( Inputs& in, Results& out )
+{
+    const auto t = in.make<GeTranslation3<T>>();
+    const auto s = in.make<GeScale3<T>>();
+    const auto x = in.make<GeXAxisRotation3<T>>();
+    const auto y = in.make<GeYAxisRotation3<T>>();
+    const auto z = in.make<GeZAxisRotation3<T>>();
+    const auto r = in.make<GeRotation3<T>>();
+    const auto l = in.make<GeLinearMatrix3<T>>();
+    const auto a = in.make<GeAffineMatrix3<T>>();
+    const auto p = in.make<GeProjectiveMatrix3<T>>();
+    const auto v = in.make<GeVector3<T>>();
+    const auto u = in.make<GeUnitVector3<T>>();
+    const auto h = in.make<GeHomogeneousCoord3<T>>();
+    const auto multiply = [&]( const auto& left, const auto&... right ) { ( out( left * right ), ... ); };
+    const auto multiplyAll = [&]( const auto&... left )
+    { ( multiply( left, t, s, x, y, z, r, l, a, p, GePoint3<T>( v ), v, u, h ), ... ); };
+    multiplyAll( t, s, x, y, z, r, l, a, p );
+    out( GeAffineMatrix3<T>( t, r, s ), s.getMatrix(), t.getMatrix() );
+    out.call( [&] { return r.turn( u ); } );
+    out.call( [&] { return x.turn( u ); } );
+    out.call( [&] { return in.make<GeQuaternion3<T>>().turn( u ); } );
+}
+
+template <class T>
+void decomposition( Inputs& in, Results& out )
+{
+    const auto a = in.make<GeAffineMatrix3<T>>();
+    out( a.computeNormalMatrix() );
+    out.call(
+        [&]
+        {
+            const auto parts = a.computeDecomposition();
+            out( parts.getTranslation(), parts.getRotation(), parts.getStretch(), parts.isReflection() );
+        } );
+}
+
 template <class T>
 void makeRotationsLibm( Inputs& in, Results& out )
 {
@@ -563,6 +603,10 @@ std::vector<Group> getValueGroups()
         { "transformArrays.double", transformArrays<double> },
         { "scaleTranslation.float", scaleTranslation<float> },
         { "scaleTranslation.double", scaleTranslation<double> },
+        { "products.float", products<float> },
+        { "products.double", products<double> },
+        { "decomposition.float", decomposition<float> },
+        { "decomposition.double", decomposition<double> },
         { "rotation.float", rotation<float> },
         { "rotation.double", rotation<double> },
         { "rotationAim.float", rotationAim<float> },
