@@ -241,9 +241,7 @@ public:
     /// product is negative, the end is -q2. Each spin adds half a turn of arc, which is a whole turn of the rotation.
     /// Fractions of a spin do not end at q2. Not normalised. Quaternions whose dot product is beyond +-0.999999 (the
     /// rotations are closer than 2.8e-3) are blended linearly, and there spin is ignored.
-    static GeQuaternion3<T> slerp( const GeQuaternion3<T>& q1, const GeQuaternion3<T>& q2, T t, T spin );
-    /// The same without spins.
-    static GeQuaternion3<T> slerp( const GeQuaternion3<T>& q1, const GeQuaternion3<T>& q2, T t );
+    static GeQuaternion3<T> slerp( const GeQuaternion3<T>& q1, const GeQuaternion3<T>& q2, T t, T spin = T( 0 ) );
     /// Meant to compute the control quaternions a and b of squad() around the key q1. It *never returns*: a non-zero q1
     /// reports "h2uinv.getMagnitude() == 0" and a zero one "a > 0". examples/aimAndInterpolate computes them.
     static void computeIntermediates( const GeQuaternion3<T>& q0, const GeQuaternion3<T>& q1,
