@@ -29,6 +29,8 @@ function( zq_compile_rules target )
             -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion
             -Wold-style-cast -Wdouble-promotion -Wundef>
         $<$<CXX_COMPILER_ID:GNU>:-fno-gnu-unique>
+        # units that are read as one hide each other's names; the plain build keeps this warning
+        $<$<AND:$<BOOL:$<TARGET_PROPERTY:UNITY_BUILD>>,$<CXX_COMPILER_ID:GNU,Clang,AppleClang>>:-Wno-shadow>
         $<$<AND:$<BOOL:${ZQ_WARNINGS_AS_ERRORS}>,$<CXX_COMPILER_ID:GNU,Clang,AppleClang>>:-Werror>
         $<$<CXX_COMPILER_ID:MSVC>:/W4 /fp:precise> )
     if( ZQ_SANITIZE )

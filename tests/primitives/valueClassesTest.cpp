@@ -72,18 +72,18 @@ ZQ_TWIN_TEST( ValueClasses, ComparisonLooksAtEveryNumber )
 }
 
 /// All that a description may ask of its reader.
-class Collector
+class ItemList
 {
 public:
-    Collector& operator<<( char mark ) { return add( mark ); }
-    Collector& operator<<( std::string_view literal ) { return add( literal ); }
-    Collector& operator<<( int number ) { return add( number ); }
-    Collector& operator<<( double number ) { return add( number ); }
+    ItemList& operator<<( char mark ) { return add( mark ); }
+    ItemList& operator<<( std::string_view literal ) { return add( literal ); }
+    ItemList& operator<<( int number ) { return add( number ); }
+    ItemList& operator<<( double number ) { return add( number ); }
     std::string getText() const { return _os.str(); }
 
 private:
     template <class Item>
-    Collector& add( Item item )
+    ItemList& add( Item item )
     {
         _os << item;
         return *this;
@@ -96,7 +96,7 @@ private:
 template <class Value>
 void expectWritten( const Value& value, const std::string& text )
 {
-    Collector collector;
+    ItemList collector;
     value.writeText( collector );
     EXPECT_EQ( collector.getText(), text );
     EXPECT_EQ( toText( value ), text );

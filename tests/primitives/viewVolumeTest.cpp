@@ -22,7 +22,7 @@ std::array<Camera, 2> makeEyes(
     double angle, double offCentre, double farDistance, Random* head = nullptr, double rounding = 0 )
 {
     std::array<Camera, 2> eyes;
-    ZqTest::Rows pose = { { { 1, 0, 0, 0 }, { 0, 1, 0, 0 }, { 0, 0, 1, 0 }, { 0, 0, 0, 1 } } };
+    ZqTest::MatrixRows pose = { { { 1, 0, 0, 0 }, { 0, 1, 0, 0 }, { 0, 0, 1, 0 }, { 0, 0, 0, 1 } } };
     if ( head != nullptr )
     {
         const GeLinearMatrix3<double> turn =
@@ -34,11 +34,11 @@ std::array<Camera, 2> makeEyes(
     for ( std::size_t eye = 0; eye < 2; ++eye )
     {
         const long double side = eye == 0 ? -1 : 1, c = std::cos( angle ), s = side * std::sin( angle );
-        ZqTest::Rows projection = {};
+        ZqTest::MatrixRows projection = {};
         projection[0] = { 0.9L, 0, side * offCentre, 0 };
         projection[1] = { 0, 0.8L, offCentre / 2, 0 };
         ZqTest::setDepth( projection, GeDepthRange::ZERO_TO_ONE, 0.1L, farDistance, -1 );
-        ZqTest::Rows view = {
+        ZqTest::MatrixRows view = {
             { { c, 0, s, -c * side * 0.032L }, { 0, 1, 0, 0 }, { -s, 0, c, s * side * 0.032L }, { 0, 0, 0, 1 } } };
         view = ZqTest::multiply( view, pose );
         for ( std::size_t i = 0; i < 3 && head != nullptr; ++i )

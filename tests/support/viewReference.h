@@ -14,7 +14,7 @@ namespace ZqTest
 {
 
 using Four = std::array<long double, 4>;
-using Rows = std::array<Four, 4>;
+using MatrixRows = std::array<Four, 4>;
 
 /// The six inequalities a x + b y + c z + d >= 0 of a part of a view, exactly; side by side as the volume numbers them.
 template <class T>
@@ -136,9 +136,9 @@ private:
     long double _rough[6][4];
 };
 
-inline Rows multiply( const Rows& a, const Rows& b )
+inline MatrixRows multiply( const MatrixRows& a, const MatrixRows& b )
 {
-    Rows product = {};
+    MatrixRows product = {};
     for ( std::size_t i = 0; i < 4; ++i )
         for ( std::size_t j = 0; j < 4; ++j )
             for ( std::size_t k = 0; k < 4; ++k )
@@ -147,7 +147,7 @@ inline Rows multiply( const Rows& a, const Rows& b )
 }
 
 /// The solution of rows * x = y, by elimination; false where there is none.
-inline bool solve( Rows rows, Four y, Four& x )
+inline bool solve( MatrixRows rows, Four y, Four& x )
 {
     for ( std::size_t i = 0; i < 4; ++i )
     {
@@ -176,7 +176,7 @@ inline bool solve( Rows rows, Four y, Four& x )
 /// A camera, as an engine would make it, in long double.
 struct Camera
 {
-    Rows rows;
+    MatrixRows rows;
     GeDepthRange range;
 
     template <class T>
@@ -189,9 +189,9 @@ struct Camera
     }
 };
 
-/// Rows of depth and weight such that z / w goes from the range's value at distance n to that at distance f along
+/// MatrixRows of depth and weight such that z / w goes from the range's value at distance n to that at distance f along
 /// `forward` times z; f may be infinite.
-inline void setDepth( Rows& rows, GeDepthRange range, long double n, long double f, long double forward )
+inline void setDepth( MatrixRows& rows, GeDepthRange range, long double n, long double f, long double forward )
 {
     const long double atNear = range == GeDepthRange::MINUS_ONE_TO_ONE ? -1
         : range == GeDepthRange::ZERO_TO_ONE                           ? 0
@@ -213,7 +213,7 @@ inline Camera makeCamera( Random& random, int family, long double ratio )
     const GeDepthRange ranges[] = {
         GeDepthRange::MINUS_ONE_TO_ONE, GeDepthRange::ZERO_TO_ONE, GeDepthRange::ONE_TO_ZERO };
     Camera camera = { {}, ranges[random.index( 3 )] };
-    Rows& rows = camera.rows;
+    MatrixRows& rows = camera.rows;
     const auto uniform = [&]( double lower, double upper ) -> long double { return random.uniform( lower, upper ); };
     const long double n = std::pow( 10.0L, uniform( -2, 1 ) ), f = n * ratio;
     const long double scale = uniform( 0.5, 2.5 ), aspect = uniform( 0.5, 2 );
@@ -260,7 +260,7 @@ inline Camera makeCamera( Random& random, int family, long double ratio )
         const GeLinearMatrix3<double> turn = GeRotation3<double>::aim( axis, random.vector<double>( 1 ), 2, 1, true );
         const long double distance = std::pow( 10.0L, uniform( -1, family == 12 ? 6 : 3 ) );
         const long double size = family == 11 ? std::pow( 10.0L, uniform( -4, 4 ) ) : 1; // units of another scale
-        Rows view = {};
+        MatrixRows view = {};
         for ( int i = 0; i < 9; ++i )
             view[std::size_t( i / 3 )][std::size_t( i % 3 )] = turn( i / 3, i % 3 ) * size;
         for ( std::size_t i = 0; i < 3; ++i )
