@@ -2,6 +2,8 @@
 # A small city: the program judges its answers itself, and its exit code tells. Then every wrong call has to end with code
 # 2 and one line.
 
+include( "${CMAKE_CURRENT_LIST_DIR}/../../support/commandLineTests.cmake" )
+
 file( REMOVE_RECURSE "${OUT}" )
 file( MAKE_DIRECTORY "${OUT}" )
 
@@ -22,15 +24,8 @@ if( NOT pictures STREQUAL "manyObjects-deep.png;manyObjects-stereo.png;manyObjec
     message( SEND_ERROR "wrote '${pictures}'" )
 endif()
 
-execute_process( COMMAND "${PROGRAM}" --version RESULT_VARIABLE code OUTPUT_VARIABLE out )
-if( NOT code EQUAL 0 OR NOT out STREQUAL "manyObjects ${VERSION}\n" )
-    message( SEND_ERROR "--version: code ${code}, printed '${out}'" )
-endif()
-
+expect_version( "${PROGRAM}" manyObjects "${VERSION}" )
 foreach( arguments IN ITEMS extra --bogus --count "--count;0" "--count;-1" "--count;1e6" "--count;10000001" "--frames;0"
     "--threads;0" "--threads;257" "--seed;4294967296" "--seed;x" "--out;" "--out;${OUT}/missing" )
-    execute_process( COMMAND "${PROGRAM}" ${arguments} RESULT_VARIABLE code OUTPUT_VARIABLE out ERROR_VARIABLE err )
-    if( NOT code EQUAL 2 OR NOT out STREQUAL "" OR NOT err MATCHES "^manyObjects: [^\n]+\n$" )
-        message( SEND_ERROR "manyObjects ${arguments}: code ${code}, printed '${out}', complained '${err}'" )
-    endif()
+    expect_refusal( "${PROGRAM}" manyObjects ${arguments} )
 endforeach()

@@ -2,6 +2,8 @@
 # Draws everything and looks at the files, and whether the documents show the same; then every wrong call has to end with
 # code 2 and one line.
 
+include( "${CMAKE_CURRENT_LIST_DIR}/../../../examples/support/commandLineTests.cmake" )
+
 file( REMOVE_RECURSE "${OUT}" )
 file( MAKE_DIRECTORY "${OUT}" )
 execute_process( COMMAND "${GALLERY}" --out "${OUT}" --compare "${IMAGES}" RESULT_VARIABLE code OUTPUT_VARIABLE out )
@@ -66,19 +68,12 @@ foreach( name IN ITEMS shaft frustum cones )
     endif()
 endforeach()
 
-function( expect_refusal )
-    execute_process( COMMAND "${GALLERY}" ${ARGN} RESULT_VARIABLE code OUTPUT_VARIABLE out ERROR_VARIABLE err )
-    if( NOT code EQUAL 2 OR NOT out STREQUAL "" OR NOT err MATCHES "^gallery: [^\n]+\n$" )
-        message( SEND_ERROR "gallery ${ARGN}: code ${code}, printed '${out}', complained '${err}'" )
-    endif()
-endfunction()
-
-expect_refusal( --out )
-expect_refusal( --size 3 )
-expect_refusal( pictures )
-expect_refusal( --out "" )
-expect_refusal( --compare "${OUT}/missing" --only slack )
-expect_refusal( --only nothing )
-expect_refusal( --out "${OUT}/missing" )
-expect_refusal( --out "${OUT}/shaft.png" )
-expect_refusal( --out "${OUT}" --out )
+expect_refusal( "${GALLERY}" gallery --out )
+expect_refusal( "${GALLERY}" gallery --size 3 )
+expect_refusal( "${GALLERY}" gallery pictures )
+expect_refusal( "${GALLERY}" gallery --out "" )
+expect_refusal( "${GALLERY}" gallery --compare "${OUT}/missing" --only slack )
+expect_refusal( "${GALLERY}" gallery --only nothing )
+expect_refusal( "${GALLERY}" gallery --out "${OUT}/missing" )
+expect_refusal( "${GALLERY}" gallery --out "${OUT}/shaft.png" )
+expect_refusal( "${GALLERY}" gallery --out "${OUT}" --out )
