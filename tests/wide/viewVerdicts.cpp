@@ -19,6 +19,7 @@ namespace
 {
 
 constexpr int NB_RATIOS = 9;
+constexpr long long MOST = 1000000000000; // more than a day
 
 /// What came out for the cameras of a family.
 struct Tally
@@ -93,7 +94,7 @@ bool parseNumber( const char* text, long long& number )
 {
     const std::string_view whole( text );
     const auto [end, error] = std::from_chars( whole.data(), whole.data() + whole.size(), number );
-    return error == std::errc() && end == whole.data() + whole.size() && number >= 1;
+    return error == std::errc() && end == whole.data() + whole.size() && number >= 1 && number <= MOST;
 }
 
 } // namespace
@@ -103,7 +104,7 @@ int main( int argc, char** argv )
     long long wanted = 1000000, seed = 1;
     if ( argc > 3 || ( argc > 1 && !parseNumber( argv[1], wanted ) ) || ( argc > 2 && !parseNumber( argv[2], seed ) ) )
     {
-        std::cerr << "zq_view_verdicts: give a number of verdicts and a seed, both 1 or more\n";
+        std::cerr << "zq_view_verdicts: give a number of verdicts and a seed, both from 1 to 10^12\n";
         return 2;
     }
 
